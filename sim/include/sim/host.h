@@ -1,0 +1,48 @@
+// The simulated Zorb host. Constructing one installs it: from then on the host SDK functions
+// (zbedGetZorbWinApp, zbedGetVar, zbedFindFile ...) and the objects they lead to are served from
+// its state, until it is destroyed. One host is installed at a time.
+#pragma once
+
+#include "sim/export.h"
+#include "sim/faults.h"
+#include "sim/journal.h"
+#include "sim/model.h"
+
+#include <memory>
+
+namespace sim {
+
+class SIM_API Host {
+public:
+    explicit Host(HostState state);
+    Host();  // the built-in default host
+    ~Host();
+    Host(const Host&) = delete;
+    Host& operator=(const Host&) = delete;
+
+    static Host* current();
+
+    // The live state. Tests may arrange it directly; changes to the per-user registry values or the
+    // MX support folder take effect after syncEnvironment().
+    HostState& state();
+    const HostState& state() const;
+    void syncEnvironment();
+
+    Journal& journal();
+
+    // Arms a fault from now on (state().faults holds the armed ones); clearFaults disarms all.
+    void armFault(Fault fault);
+    void clearFaults();
+
+    // References that callers hold on host objects now (zero when every object was released).
+    long referencesHeld() const;
+
+private:
+    struct Impl;
+    std::unique_ptr<Impl> m_impl;
+};
+
+// The host as the MX product finds it on a fresh installation (also used by `zorbsim demo`).
+SIM_API HostState defaultHostState();
+
+}  // namespace sim

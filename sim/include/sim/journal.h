@@ -1,0 +1,48 @@
+// Every call made on the simulated host, in order: host object calls and SDK function calls.
+#pragma once
+
+#include "sim/export.h"
+
+#include "automation.h"
+
+#include <string>
+#include <vector>
+
+namespace sim {
+
+struct JournalArgument {
+    VARTYPE type = VT_EMPTY;  // the variant type the argument crossed as (VT_BSTR for strings, VT_I4 ...)
+    std::string value;        // readable text of the value, UTF-8 ("3", "C:\\a", "DISP_E_PARAMNOTFOUND")
+};
+
+struct JournalEntry {
+    std::string object;   // the host object: "HostMenuGroup 'MX'"; "sdk" for SDK functions
+    std::string method;   // "Interface.method": "HostMenuGroups.Item", "HostToolbar.put_Visible", "sdk.zbedGetVar"
+    std::vector<JournalArgument> arguments;
+    HRESULT status = S_OK;  // SDK functions: S_OK, or E_FAIL when they reported failure
+};
+
+class SIM_API Journal {
+public:
+    void record(JournalEntry entry);
+    const std::vector<JournalEntry>& entries() const { return m_entries; }
+    void clear() { m_entries.clear(); }
+
+    // Off: nothing is recorded (faults still count calls).
+    void setEnabled(bool enabled) { m_enabled = enabled; }
+    bool enabled() const { return m_enabled; }
+
+    // The methods called, in order ("HostMenuGroups.Item", ...): the handiest form for tests.
+    std::vector<std::string> methods() const;
+
+private:
+    std::vector<JournalEntry> m_entries;
+    bool m_enabled = true;
+};
+
+// One readable line: HostMenuGroups.Item(VT_I4 0) on HostMenuGroups -> S_OK
+SIM_API std::string formatJournalLine(const JournalEntry& entry);
+SIM_API std::string variantTypeName(VARTYPE type);  // "VT_I4", "VT_ARRAY|VT_BSTR", ...
+SIM_API std::string statusName(HRESULT status);     // "S_OK", "E_FAIL", else "0x80040205"
+
+}  // namespace sim

@@ -1,0 +1,141 @@
+// The simulated host's state: plain data that tests arrange and inspect, and that JSON loads and
+// dumps. Nodes that host objects stand for (groups, menus, items, toolbars, buttons, documents)
+// are held by shared pointers so that a host object keeps its node while a caller references it,
+// even after the node left the model (it then fails its calls).
+#pragma once
+
+#include "sim/faults.h"
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace sim {
+
+struct PopupMenu;
+
+enum class ItemType { command = 0, separator = 1, submenu = 2 };
+
+struct PopupMenuItem {
+    ItemType type = ItemType::command;
+    std::wstring label;
+    std::wstring macro;
+    std::wstring tag;
+    bool enabled = true;
+    std::shared_ptr<PopupMenu> subMenu;  // set exactly when type is submenu
+};
+
+struct PopupMenu {
+    std::wstring name;
+    std::wstring tag;
+    std::vector<std::shared_ptr<PopupMenuItem>> items;
+};
+
+struct ToolbarButton {
+    std::wstring name;
+    std::wstring tag;
+    std::wstring macro;
+    std::wstring helpString;
+    std::wstring smallBitmap;
+    std::wstring largeBitmap;
+    // The toolbar attached to the button's flyout: (menu group name, toolbar name), if any.
+    std::optional<std::pair<std::wstring, std::wstring>> flyout;
+};
+
+// The host's dock-status numbering: 0 top, 1 bottom, 2 left, 3 right, 4 floating.
+constexpr long kDockFloating = 4;
+
+struct Toolbar {
+    std::wstring name;
+    std::wstring tag;
+    bool visible = true;
+    long dockStatus = 0;
+    long left = 0;
+    long top = 0;
+    long floatingRows = 1;
+    std::vector<std::shared_ptr<ToolbarButton>> buttons;
+};
+
+struct MenuGroup {
+    std::wstring name;
+    std::vector<std::shared_ptr<PopupMenu>> menus;
+    std::vector<std::shared_ptr<Toolbar>> toolbars;
+};
+
+struct PlotWindow {
+    double lowerLeftX = 0, lowerLeftY = 0, upperRightX = 0, upperRightY = 0;
+};
+
+struct Layout {
+    std::wstring name;
+    long plotType = 0;
+    std::optional<PlotWindow> window;
+};
+
+// What a document's plot object was told before it plotted.
+struct PlotSettings {
+    long numberOfCopies = 1;
+    bool quietErrorMode = false;
+    long batchEntries = 0;  // 0 when batch mode was not started
+    std::vector<std::wstring> layoutsToPlot;
+};
+
+struct Document {
+    std::wstring fullFileName;
+    std::shared_ptr<Layout> activeLayout;  // null: the document has no active layout
+    PlotSettings plot;
+};
+
+// One plot sent to a device.
+struct PlotJob {
+    std::wstring document;                 // full file name
+    std::optional<std::wstring> device;    // none: the layout's own configuration
+    std::vector<std::wstring> layouts;
+    long numberOfCopies = 1;
+    long plotType = 0;                     // of the active layout at the time
+    std::optional<PlotWindow> window;      // of the active layout at the time
+};
+
+struct ZoomRequest {
+    double lowerLeftX = 0, lowerLeftY = 0, upperRightX = 0, upperRightY = 0;
+};
+
+struct PreferencesFiles {
+    std::wstring supportPath;
+    std::wstring printerStyleSheetPath;
+    std::wstring templateDrawingFolder;
+    std::wstring drawingPath;
+};
+
+struct HostState {
+    std::vector<std::shared_ptr<MenuGroup>> menuGroups;      // loaded, in the host's order
+    std::vector<std::shared_ptr<PopupMenu>> menuBar;         // menus on the menu bar, in order
+    std::vector<std::shared_ptr<Document>> documents;        // open, in the host's order
+    std::shared_ptr<Document> activeDocument;                // one of documents, or null
+    std::vector<std::wstring> drawingsOnDisk;                // full file names the host can open
+    std::vector<PlotJob> plotJobs;
+    bool plotterAnswers = true;                              // what PlotToDevice answers
+    std::vector<ZoomRequest> zoomRequests;
+    PreferencesFiles preferences;
+    std::map<std::wstring, short> systemVariables;           // DWGCHECK among them
+    std::wstring registryRootKey;                            // below the current user's hive
+    // Registry values below the root key: subkey (relative, "" for the root itself) -> name -> text.
+    std::map<std::wstring, std::map<std::wstring, std::wstring>> registryValues;
+    // Files on the host's search path: file name -> full path found.
+    std::map<std::wstring, std::wstring> searchPathFiles;
+    // Menu files the host can load: path as given to the host -> the group it defines.
+    std::map<std::wstring, std::shared_ptr<MenuGroup>> menuFiles;
+    std::wstring mxSupportFolder;                            // the MX settings' support folder
+    std::vector<Fault> faults;                               // armed, in the order armed
+};
+
+// Deep comparison: equal content, whatever the node identities.
+bool operator==(const HostState& a, const HostState& b);
+inline bool operator!=(const HostState& a, const HostState& b) { return !(a == b); }
+
+// A deep copy whose nodes share nothing with the original.
+HostState clone(const HostState& state);
+
+}  // namespace sim

@@ -1,0 +1,32 @@
+// The host state as JSON: load and dump. A dump loads back to an equal state.
+#pragma once
+
+#include "sim/export.h"
+#include "sim/faults.h"
+#include "sim/model.h"
+
+#include <nlohmann/json.hpp>
+
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace sim {
+
+// Bad input: the message names the JSON path and what was expected
+// ("/menuGroups/2/toolbars/0/visible: expected a boolean").
+class SIM_API StateError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+SIM_API HostState stateFromJson(const nlohmann::json& document);  // throws StateError
+SIM_API nlohmann::json stateToJson(const HostState& state);
+
+// Reads a state file; malformed JSON gives a StateError naming file:line:column.
+SIM_API HostState loadStateFile(const std::string& path);
+
+// Faults alone, in the form the state's "faults" member has (scenarios arm them this way).
+SIM_API std::vector<Fault> faultsFromJson(const nlohmann::json& document);  // throws StateError
+
+}  // namespace sim
