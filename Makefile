@@ -7,7 +7,9 @@ export WINEPREFIX
 export WINEDEBUG := -all
 export WINEDLLOVERRIDES := mscoree,mshtml=
 
-demo: deps build-linux
+demo: deps
+	cmake --preset linux >/dev/null
+	cmake --build --preset linux --target zorbsim -j $(JOBS)
 	./build/linux/bin/zorbsim demo
 
 test: deps
