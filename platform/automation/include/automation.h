@@ -15,6 +15,16 @@
 // Gives an interface its IID so that __uuidof(Interface) works (MinGW emulates __uuidof).
 #define AUTOMATION_DECLARE_UUID(type, l, w1, w2, b1, b2, b3, b4, b5, b6, b7, b8) \
     __CRT_UUID_DECL(type, l, w1, w2, b1, b2, b3, b4, b5, b6, b7, b8)
+
+// MinGW's comdef.h leaves out the smart pointers of the platform's own interfaces when __uuidof
+// is emulated; both builds have these.
+_COM_SMARTPTR_TYPEDEF(IUnknown, __uuidof(IUnknown));
+_COM_SMARTPTR_TYPEDEF(IDispatch, __uuidof(IDispatch));
+_COM_SMARTPTR_TYPEDEF(IErrorInfo, __uuidof(IErrorInfo));
+_COM_SMARTPTR_TYPEDEF(ICreateErrorInfo, __uuidof(ICreateErrorInfo));
+_COM_SMARTPTR_TYPEDEF(ISupportErrorInfo, __uuidof(ISupportErrorInfo));
+
+#define AUTOMATION_HAS_TEST_HOOKS 0
 #else
 #include "automation/portable.h"
 #endif

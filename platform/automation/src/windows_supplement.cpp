@@ -1,20 +1,5 @@
-// What MinGW's comdef.h declares but no MinGW library defines.
+// The narrow-string conversions that MinGW's comutil.h declares but no MinGW library defines.
 #include "automation.h"
-
-void WINAPI _com_issue_errorex(HRESULT hr, IUnknown* object, REFIID iid)
-{
-    // Attach the object's error information only when the object says it gives it for this
-    // interface; otherwise a stale record left by some other call could be reported.
-    IErrorInfo* info = nullptr;
-    ISupportErrorInfo* support = nullptr;
-    if (object != nullptr &&
-        SUCCEEDED(object->QueryInterface(IID_ISupportErrorInfo, reinterpret_cast<void**>(&support)))) {
-        if (support->InterfaceSupportsErrorInfo(iid) == S_OK && GetErrorInfo(0, &info) != S_OK)
-            info = nullptr;
-        support->Release();
-    }
-    throw _com_error(hr, info);  // the failure takes over the reference GetErrorInfo gave us
-}
 
 namespace _com_util {
 
