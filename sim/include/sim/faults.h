@@ -27,7 +27,7 @@ struct Fault {
     HRESULT status = E_FAIL;
     int matchingCallsSeen = 0;  // kept by the host as calls arrive
 
-    bool operator==(const Fault& other) const;
+    SIM_API bool operator==(const Fault& other) const;
 };
 
 // Whether string allocation faults can be armed in this build (not against the platform's runtime).

@@ -37,6 +37,10 @@ public:
     // References that callers hold on host objects now (zero when every object was released).
     long referencesHeld() const;
 
+    // Text buffers the host allocated for callers (zbedFindFile) and that were not yet given back
+    // with zbHeapFree, by any host of the process.
+    long buffersHeld() const;
+
 private:
     struct Impl;
     std::unique_ptr<Impl> m_impl;

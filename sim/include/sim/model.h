@@ -132,10 +132,10 @@ struct HostState {
 };
 
 // Deep comparison: equal content, whatever the node identities.
-bool operator==(const HostState& a, const HostState& b);
+SIM_API bool operator==(const HostState& a, const HostState& b);
 inline bool operator!=(const HostState& a, const HostState& b) { return !(a == b); }
 
 // A deep copy whose nodes share nothing with the original.
-HostState clone(const HostState& state);
+SIM_API HostState clone(const HostState& state);
 
 }  // namespace sim

@@ -1,0 +1,53 @@
+// How armed faults decide the fate of one call.
+#pragma once
+
+#include "sim/faults.h"
+
+#include <string>
+#include <vector>
+
+namespace sim::detail {
+
+// The calls that the dedicated fault kinds stand for, in journal form.
+inline constexpr const char* kGetFrameworkObject = "sdk.zbedGetZorbWinApp";
+inline constexpr const char* kGetDispatch = "CWinApp.GetIDispatch";
+inline constexpr const char* kQueryApplication = "HostApplication.QueryInterface";
+
+struct FaultVerdict {
+    HRESULT failure = S_OK;   // a failed status the call must return
+    bool giveNull = false;    // the call succeeds but gives no object
+};
+
+// Counts the call against every fault that matches it and says what the faults make of it.
+// `objectName` is asked only when a fault names an object.
+template <class ObjectName>
+FaultVerdict consultFaults(std::vector<Fault>& faults, const char* method, ObjectName objectName);
+
+bool faultMatchesMethod(const Fault& fault, const char* method);
+void applyFault(const Fault& fault, FaultVerdict& verdict);
+
+template <class ObjectName>
+FaultVerdict consultFaults(std::vector<Fault>& faults, const char* method, ObjectName objectName)
+{
+    FaultVerdict verdict;
+    std::string name;
+    bool named = false;
+    for (Fault& fault : faults) {
+        if (!faultMatchesMethod(fault, method))
+            continue;
+        if (!fault.object.empty()) {
+            if (!named) {
+                name = objectName();
+                named = true;
+            }
+            if (name.find(fault.object) == std::string::npos)
+                continue;
+        }
+        ++fault.matchingCallsSeen;
+        if (fault.nth == 0 || fault.nth == fault.matchingCallsSeen)
+            applyFault(fault, verdict);
+    }
+    return verdict;
+}
+
+}  // namespace sim::detail

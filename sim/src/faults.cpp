@@ -1,0 +1,74 @@
+#include "fault_plan.h"
+
+#include <cstring>
+
+namespace sim {
+
+bool Fault::operator==(const Fault& other) const
+{
+    return kind == other.kind && method == other.method && object == other.object && nth == other.nth &&
+           status == other.status && matchingCallsSeen == other.matchingCallsSeen;
+}
+
+bool canFailStringAllocation()
+{
+#if AUTOMATION_HAS_TEST_HOOKS
+    return true;
+#else
+    return false;
+#endif
+}
+
+namespace detail {
+namespace {
+
+// The call a fault is about: its own method, or the one its kind stands for.
+const char* methodOf(const Fault& fault)
+{
+    switch (fault.kind) {
+    case FaultKind::failCall:
+    case FaultKind::nullObject:
+        return fault.method.c_str();
+    case FaultKind::noFrameworkObject:
+        return kGetFrameworkObject;
+    case FaultKind::noDispatch:
+        return kGetDispatch;
+    case FaultKind::refuseApplicationInterface:
+        return kQueryApplication;
+    case FaultKind::failStringAllocation:
+        return nullptr;  // counted by the automation runtime, not by calls
+    }
+    return nullptr;
+}
+
+}  // namespace
+
+bool faultMatchesMethod(const Fault& fault, const char* method)
+{
+    const char* faulted = methodOf(fault);
+    return faulted != nullptr && std::strcmp(faulted, method) == 0;
+}
+
+void applyFault(const Fault& fault, FaultVerdict& verdict)
+{
+    switch (fault.kind) {
+    case FaultKind::failCall:
+        if (verdict.failure == S_OK)
+            verdict.failure = fault.status;
+        break;
+    case FaultKind::refuseApplicationInterface:
+        if (verdict.failure == S_OK)
+            verdict.failure = E_NOINTERFACE;
+        break;
+    case FaultKind::nullObject:
+    case FaultKind::noFrameworkObject:
+    case FaultKind::noDispatch:
+        verdict.giveNull = true;
+        break;
+    case FaultKind::failStringAllocation:
+        break;
+    }
+}
+
+}  // namespace detail
+}  // namespace sim

@@ -1,0 +1,36 @@
+#include "framework_app.h"
+
+#include "named_subject.h"
+#include "objects/objects.h"
+
+namespace sim::detail {
+
+FrameworkApp::FrameworkApp(std::shared_ptr<HostCore> core) : m_core(std::move(core)) {}
+
+FrameworkApp::~FrameworkApp()
+{
+    if (m_application != nullptr) {
+        --m_core->hostReferences;
+        m_application->Release();
+    }
+}
+
+IDispatch* FrameworkApp::automationDispatch()
+{
+    static const NamedSubject subject("CWinApp");
+    Call call(*m_core, subject, kGetDispatch);
+    if (call.refused())
+        return nullptr;
+    if (call.givesNull()) {
+        call.fail(E_FAIL, L"no automation object");
+        return nullptr;
+    }
+    if (m_application == nullptr) {
+        m_application = newApplication(m_core);
+        ++m_core->hostReferences;
+    }
+    call.succeed();
+    return m_application;
+}
+
+}  // namespace sim::detail

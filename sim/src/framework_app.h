@@ -1,0 +1,28 @@
+// The host's application framework object, whose automation face is the host application.
+#pragma once
+
+#include "host_core.h"
+
+#include "framework.h"
+#include "host/object_model.h"
+
+#include <memory>
+
+namespace sim::detail {
+
+class FrameworkApp final : public CWinApp {
+public:
+    explicit FrameworkApp(std::shared_ptr<HostCore> core);
+    ~FrameworkApp() override;
+
+protected:
+    // The application, still owned by the framework object (GetIDispatch adds the caller's
+    // reference), or null when a fault says so.
+    IDispatch* automationDispatch() override;
+
+private:
+    std::shared_ptr<HostCore> m_core;
+    HostApplication* m_application = nullptr;  // one reference, made on first demand
+};
+
+}  // namespace sim::detail

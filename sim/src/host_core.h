@@ -1,0 +1,21 @@
+// What the installed host and every host object it gave out share. Host objects keep the core
+// alive, so that an object a caller still holds after the host went away fails its calls instead
+// of touching freed memory.
+#pragma once
+
+#include "sim/journal.h"
+#include "sim/model.h"
+
+namespace sim::detail {
+
+struct HostCore {
+    explicit HostCore(HostState initial) : state(std::move(initial)) {}
+
+    HostState state;
+    Journal journal;
+    bool installed = true;      // false once the Host was destroyed
+    long references = 0;        // on all host objects of this host
+    long hostReferences = 0;    // of those, the ones the host itself keeps (the framework object's)
+};
+
+}  // namespace sim::detail

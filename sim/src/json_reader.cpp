@@ -1,0 +1,131 @@
+#include "json_reader.h"
+
+#include "sim/state_json.h"
+#include "text.h"
+
+#include <algorithm>
+#include <cstring>
+#include <limits>
+
+namespace sim::detail {
+namespace {
+
+// A member name as a JSON pointer writes it.
+std::string escapedKey(const std::string& key)
+{
+    std::string escaped;
+    for (char c : key) {
+        if (c == '~')
+            escaped += "~0";
+        else if (c == '/')
+            escaped += "~1";
+        else
+            escaped += c;
+    }
+    return escaped;
+}
+
+}  // namespace
+
+void JsonReader::fail(const std::string& message) const
+{
+    throw StateError((m_path.empty() ? std::string("document") : m_path) + ": " + message);
+}
+
+JsonReader JsonReader::at(const std::string& key, const nlohmann::json& value) const
+{
+    return JsonReader(value, m_path + "/" + escapedKey(key));
+}
+
+void JsonReader::expectObject(std::initializer_list<const char*> known) const
+{
+    if (!m_value->is_object())
+        expected("an object");
+    for (const auto& [key, value] : m_value->items()) {
+        const bool isKnown =
+            std::any_of(known.begin(), known.end(), [&](const char* name) { return key == name; });
+        if (!isKnown) {
+            std::string names;
+            for (const char* name : known)
+                names += (names.empty() ? "" : ", ") + std::string(name);
+            at(key, value).fail("unknown member (expected one of: " + names + ")");
+        }
+    }
+}
+
+std::optional<JsonReader> JsonReader::member(const char* name) const
+{
+    const auto found = m_value->find(name);
+    if (found == m_value->end())
+        return std::nullopt;
+    return at(name, *found);
+}
+
+std::vector<std::pair<std::wstring, JsonReader>> JsonReader::members() const
+{
+    if (!m_value->is_object())
+        expected("an object");
+    std::vector<std::pair<std::wstring, JsonReader>> members;
+    for (const auto& [key, value] : m_value->items()) {
+        JsonReader reader = at(key, value);
+        const auto name = text::fromUtf8(key);
+        if (!name)
+            reader.fail("member name is not valid UTF-8");
+        members.emplace_back(*name, reader);
+    }
+    return members;
+}
+
+std::vector<JsonReader> JsonReader::elements() const
+{
+    if (!m_value->is_array())
+        expected("an array");
+    std::vector<JsonReader> elements;
+    elements.reserve(m_value->size());
+    for (size_t i = 0; i < m_value->size(); ++i)
+        elements.push_back(at(std::to_string(i), (*m_value)[i]));
+    return elements;
+}
+
+std::wstring JsonReader::text() const
+{
+    if (!m_value->is_string())
+        expected("a string");
+    const auto converted = text::fromUtf8(m_value->get_ref<const std::string&>());
+    if (!converted)
+        expected("a string of valid UTF-8");
+    return *converted;
+}
+
+bool JsonReader::boolean() const
+{
+    if (!m_value->is_boolean())
+        expected("a boolean");
+    return m_value->get<bool>();
+}
+
+long long JsonReader::integer(long long lowest, long long highest) const
+{
+    const std::string range = "a whole number from " + std::to_string(lowest) + " to " + std::to_string(highest);
+    if (!m_value->is_number_integer())
+        expected(range);
+    if (m_value->is_number_unsigned()) {
+        const auto value = m_value->get<unsigned long long>();
+        if (value > static_cast<unsigned long long>(highest))
+            expected(range);
+        return static_cast<long long>(value);
+    }
+    const auto value = m_value->get<long long>();
+    if (value < lowest || value > highest)
+        expected(range);
+    return value;
+}
+
+double JsonReader::real() const
+{
+    if (!m_value->is_number())
+        expected("a number");
+    return m_value->get<double>();
+}
+
+}  // namespace sim::detail

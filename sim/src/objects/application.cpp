@@ -1,0 +1,79 @@
+// The root of the object model.
+#include "objects/arguments_in.h"
+#include "objects/host_object.h"
+#include "objects/objects.h"
+
+namespace sim::detail {
+namespace {
+
+class ApplicationObject final : public HostObject<HostApplication> {
+public:
+    explicit ApplicationObject(const CorePtr& core) : HostObject(core) {}
+
+    std::string journalName() const override { return "HostApplication"; }
+
+    HRESULT STDMETHODCALLTYPE get_Preferences(HostPreferences** preferences) override
+    {
+        Call call = begin("HostApplication.get_Preferences");
+        if (call.refused() || !call.accepts(preferences))
+            return call.status();
+        return call.giveObject(preferences, [&] { return newPreferences(sharedCore()); });
+    }
+
+    HRESULT STDMETHODCALLTYPE get_MenuGroups(HostMenuGroups** groups) override
+    {
+        Call call = begin("HostApplication.get_MenuGroups");
+        if (call.refused() || !call.accepts(groups))
+            return call.status();
+        return call.giveObject(groups, [&] { return newMenuGroups(sharedCore()); });
+    }
+
+    HRESULT STDMETHODCALLTYPE get_MenuBar(HostMenuBar** menuBar) override
+    {
+        Call call = begin("HostApplication.get_MenuBar");
+        if (call.refused() || !call.accepts(menuBar))
+            return call.status();
+        return call.giveObject(menuBar, [&] { return newMenuBar(sharedCore()); });
+    }
+
+    // No drawing open: no active document, which is not a failure.
+    HRESULT STDMETHODCALLTYPE get_ActiveDocument(HostDocument** document) override
+    {
+        Call call = begin("HostApplication.get_ActiveDocument");
+        if (call.refused() || !call.accepts(document))
+            return call.status();
+        return call.giveObject(document, [&] { return newDocument(sharedCore(), state().activeDocument); });
+    }
+
+    HRESULT STDMETHODCALLTYPE get_Documents(HostDocuments** documents) override
+    {
+        Call call = begin("HostApplication.get_Documents");
+        if (call.refused() || !call.accepts(documents))
+            return call.status();
+        return call.giveObject(documents, [&] { return newDocuments(sharedCore()); });
+    }
+
+    HRESULT STDMETHODCALLTYPE raw_ZoomWindow(VARIANT lowerLeft, VARIANT upperRight) override
+    {
+        Call call = begin("HostApplication.ZoomWindow", {Arg::variant(lowerLeft), Arg::variant(upperRight)});
+        if (call.refused())
+            return call.status();
+        if (!state().activeDocument)
+            return call.fail(E_FAIL, L"no drawing is open to zoom in");
+        ZoomRequest zoom;
+        if (!readPoint(call, lowerLeft, L"first corner", zoom.lowerLeftX, zoom.lowerLeftY) ||
+            !readPoint(call, upperRight, L"opposite corner", zoom.upperRightX, zoom.upperRightY))
+            return call.status();
+        state().zoomRequests.push_back(zoom);
+        return call.succeed();
+    }
+
+protected:
+    const char* interfaceName() const override { return "HostApplication"; }
+};
+
+}  // namespace
+
+HostApplication* newApplication(const CorePtr& core) { return new ApplicationObject(core); }
+
+}  // namespace sim::detail

@@ -1,0 +1,73 @@
+#include "objects/call.h"
+
+#include "objects/error_info.h"
+
+namespace sim::detail {
+
+Call::Call(HostCore& core, const CallSubject& subject, const char* method, std::initializer_list<Arg> arguments)
+    : m_core(core), m_subject(subject)
+{
+    if (!core.installed) {
+        // The journal belongs to the host that is gone; nothing is recorded.
+        m_ended = true;
+        m_status = E_UNEXPECTED;
+        if (const IID* iid = subject.errorInterface())
+            setErrorInformation(*iid, subject.errorSource(), L"the simulated host was shut down");
+        return;
+    }
+    m_recording = core.journal.enabled();
+    if (m_recording) {
+        m_entry.object = subject.journalName();
+        m_entry.method = method;
+        m_entry.arguments.reserve(arguments.size());
+        for (const Arg& argument : arguments)
+            m_entry.arguments.push_back(argument.describe());
+    }
+    if (!core.state.faults.empty()) {
+        m_verdict = consultFaults(core.state.faults, method, [&] {
+            return m_recording ? m_entry.object : subject.journalName();
+        });
+        if (FAILED(m_verdict.failure)) {
+            fail(m_verdict.failure, L"the call failed as a fault armed on the simulated host asked");
+            return;
+        }
+    }
+    const std::wstring gone = subject.goneReason();
+    if (!gone.empty())
+        fail(E_FAIL, gone);
+}
+
+HRESULT Call::succeed()
+{
+    end(S_OK);
+    return S_OK;
+}
+
+HRESULT Call::fail(HRESULT status, const std::wstring& description)
+{
+    if (const IID* iid = m_subject.errorInterface())
+        setErrorInformation(*iid, m_subject.errorSource(), description);
+    end(status);
+    return status;
+}
+
+HRESULT Call::giveText(BSTR* output, const std::wstring& value)
+{
+    *output = SysAllocStringLen(value.data(), static_cast<UINT>(value.size()));
+    if (*output == nullptr)
+        return fail(E_OUTOFMEMORY, L"out of memory for the text");
+    return succeed();
+}
+
+void Call::end(HRESULT status)
+{
+    m_ended = true;
+    m_status = status;
+    if (m_recording) {
+        m_entry.status = status;
+        m_core.journal.record(std::move(m_entry));
+        m_recording = false;
+    }
+}
+
+}  // namespace sim::detail

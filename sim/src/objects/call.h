@@ -1,0 +1,98 @@
+// One call on the simulated host, from its arrival to its status: whether the host is still
+// there, what armed faults make of it, the journal entry, and the error information a failure
+// leaves. Every host object method and SDK function goes through one.
+#pragma once
+
+#include "fault_plan.h"
+#include "host_core.h"
+#include "objects/arguments.h"
+
+#include <initializer_list>
+#include <string>
+
+namespace sim::detail {
+
+// Who a call is made on, as the journal and the error information name it.
+class CallSubject {
+public:
+    virtual std::string journalName() const = 0;
+    // Why the subject can no longer be used (its node left the host); empty while it can.
+    virtual std::wstring goneReason() const { return {}; }
+    // The interface the error information of a failure names; null for the SDK functions, which
+    // report failure by their results.
+    virtual const IID* errorInterface() const { return nullptr; }
+    virtual std::wstring errorSource() const { return L"Zorb"; }
+
+protected:
+    ~CallSubject() = default;
+};
+
+class Call {
+public:
+    Call(HostCore& core, const CallSubject& subject, const char* method, std::initializer_list<Arg> arguments = {});
+    Call(const Call&) = delete;
+    Call& operator=(const Call&) = delete;
+
+    // True when the call has already ended (the host is gone, a fault failed it, or the subject's
+    // node is gone); return status() at once.
+    bool refused() const { return m_ended; }
+    HRESULT status() const { return m_status; }
+
+    // An output the call writes: a null pointer ends the call with E_POINTER, otherwise the
+    // output starts cleared, as a failed call leaves it.
+    template <class T>
+    bool accepts(T* output);
+
+    HRESULT succeed();
+    HRESULT fail(HRESULT status, const std::wstring& description);
+
+    // Ends the call giving an object, or no object when a fault says so.
+    template <class Interface, class Make>
+    HRESULT giveObject(Interface** output, Make make);
+    HRESULT giveText(BSTR* output, const std::wstring& value);
+    template <class T>
+    HRESULT giveValue(T* output, T value);
+
+    // Whether a fault makes this call give no object (for calls that then must not act).
+    bool givesNull() const { return m_verdict.giveNull; }
+
+    HostState& state() const { return m_core.state; }
+
+private:
+    void end(HRESULT status);
+
+    HostCore& m_core;
+    const CallSubject& m_subject;
+    JournalEntry m_entry;
+    bool m_recording = false;
+    FaultVerdict m_verdict;
+    bool m_ended = false;
+    HRESULT m_status = S_OK;
+};
+
+template <class T>
+bool Call::accepts(T* output)
+{
+    if (output == nullptr) {
+        fail(E_POINTER, L"no place to store the result was given");
+        return false;
+    }
+    *output = T{};
+    return true;
+}
+
+template <class Interface, class Make>
+HRESULT Call::giveObject(Interface** output, Make make)
+{
+    *output = m_verdict.giveNull ? nullptr : make();
+    return succeed();
+}
+
+template <class T>
+HRESULT Call::giveValue(T* output, T value)
+{
+    *output = value;
+    return succeed();
+}
+
+}  // namespace sim::detail

@@ -1,0 +1,183 @@
+// The open drawings, and one drawing.
+#include "objects/arguments_in.h"
+#include "objects/host_object.h"
+#include "objects/objects.h"
+
+#include <algorithm>
+
+namespace sim::detail {
+namespace {
+
+// The plot area a drawing's layout starts with: the layout itself.
+constexpr long kPlotLayout = 5;
+
+// A drawing is known by its full file name or by its file name alone.
+bool namesDocument(const Document& document, const std::wstring& name)
+{
+    const std::wstring& full = document.fullFileName;
+    const size_t separator = full.find_last_of(L"\\/");
+    return text::samePath(full, name) ||
+           (separator != std::wstring::npos && text::equalNoCase(full.substr(separator + 1), name));
+}
+
+std::shared_ptr<Document> openDocumentAt(const HostState& state, const std::wstring& path)
+{
+    for (const auto& document : state.documents)
+        if (document && text::samePath(document->fullFileName, path))
+            return document;
+    return nullptr;
+}
+
+class DocumentsObject final : public HostObject<HostDocuments> {
+public:
+    explicit DocumentsObject(const CorePtr& core) : HostObject(core) {}
+
+    std::string journalName() const override { return "HostDocuments"; }
+
+    HRESULT STDMETHODCALLTYPE get_Count(LONG* count) override
+    {
+        Call call = begin("HostDocuments.get_Count");
+        if (call.refused() || !call.accepts(count))
+            return call.status();
+        return call.giveValue(count, static_cast<LONG>(state().documents.size()));
+    }
+
+    HRESULT STDMETHODCALLTYPE raw_Item(VARIANT index, HostDocument** document) override
+    {
+        Call call = begin("HostDocuments.Item", {Arg::variant(index)});
+        if (call.refused() || !call.accepts(document))
+            return call.status();
+        const auto& documents = state().documents;
+        size_t position = 0;
+        if (!findPosition(call, index, documents, L"open drawing", namesDocument, position))
+            return call.status();
+        return call.giveObject(document, [&] { return newDocument(sharedCore(), documents[position]); });
+    }
+
+    // The drawing opened becomes the active one. A drawing that is already open is not opened a
+    // second time: it is made active and given back.
+    HRESULT STDMETHODCALLTYPE raw_Open(BSTR fileName, VARIANT readOnly, VARIANT password,
+                                       HostDocument** document) override
+    {
+        Call call = begin("HostDocuments.Open", {Arg::text(fileName), Arg::variant(readOnly), Arg::variant(password)});
+        if (call.refused() || !call.accepts(document))
+            return call.status();
+        bool readOnlyWanted = false;
+        std::wstring passwordGiven;
+        if ((!isMissing(readOnly) && !readYesNo(call, readOnly, L"read-only argument", readOnlyWanted)) ||
+            (!isMissing(password) && !readText(call, password, L"password", passwordGiven)))
+            return call.status();
+        const std::wstring path = text::fromBstr(fileName);
+        if (path.empty())
+            return call.fail(E_INVALIDARG, L"no drawing to open was named");
+        auto opened = openDocumentAt(state(), path);
+        if (!opened) {
+            const auto& disk = state().drawingsOnDisk;
+            const auto file =
+                std::find_if(disk.begin(), disk.end(), [&](const std::wstring& f) { return text::samePath(f, path); });
+            if (file == disk.end())
+                return call.fail(HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND), L"drawing '" + path + L"' was not found");
+            if (call.givesNull())
+                return call.succeed();
+            opened = std::make_shared<Document>();
+            opened->fullFileName = *file;
+            opened->activeLayout = std::make_shared<Layout>();
+            opened->activeLayout->name = L"Layout1";
+            opened->activeLayout->plotType = kPlotLayout;
+            state().documents.push_back(opened);
+        } else if (call.givesNull()) {
+            return call.succeed();
+        }
+        state().activeDocument = opened;
+        return call.giveObject(document, [&] { return newDocument(sharedCore(), opened); });
+    }
+
+protected:
+    const char* interfaceName() const override { return "HostDocuments"; }
+};
+
+class DocumentObject final : public HostObject<HostDocument> {
+public:
+    DocumentObject(const CorePtr& core, std::shared_ptr<Document> document)
+        : HostObject(core), m_document(std::move(document))
+    {
+    }
+
+    std::string journalName() const override { return "HostDocument " + nameOf(*m_document); }
+    std::wstring goneReason() const override { return detail::goneReason(state(), *m_document); }
+
+    HRESULT STDMETHODCALLTYPE get_FullFileName(BSTR* fullName) override
+    {
+        Call call = begin("HostDocument.get_FullFileName");
+        if (call.refused() || !call.accepts(fullName))
+            return call.status();
+        return call.giveText(fullName, m_document->fullFileName);
+    }
+
+    HRESULT STDMETHODCALLTYPE raw_Activate() override
+    {
+        Call call = begin("HostDocument.Activate");
+        if (call.refused())
+            return call.status();
+        state().activeDocument = m_document;
+        return call.succeed();
+    }
+
+    // Saving writes the drawing under the file name given, or under its own; then the drawing
+    // closes and, if it was the active one, the last drawing still open becomes active.
+    HRESULT STDMETHODCALLTYPE raw_Close(VARIANT saveChanges, VARIANT fileName) override
+    {
+        Call call = begin("HostDocument.Close", {Arg::variant(saveChanges), Arg::variant(fileName)});
+        if (call.refused())
+            return call.status();
+        bool save = false;
+        std::wstring saveAs;
+        if ((!isMissing(saveChanges) && !readYesNo(call, saveChanges, L"save-changes argument", save)) ||
+            (!isMissing(fileName) && !readText(call, fileName, L"file name", saveAs)))
+            return call.status();
+        if (save) {
+            const std::wstring target = saveAs.empty() ? m_document->fullFileName : saveAs;
+            auto& disk = state().drawingsOnDisk;
+            if (std::none_of(disk.begin(), disk.end(), [&](const std::wstring& f) { return text::samePath(f, target); }))
+                disk.push_back(target);
+        }
+        auto& documents = state().documents;
+        documents.erase(std::find(documents.begin(), documents.end(), m_document));
+        if (state().activeDocument == m_document)
+            state().activeDocument = documents.empty() ? nullptr : documents.back();
+        return call.succeed();
+    }
+
+    HRESULT STDMETHODCALLTYPE get_Plot(HostPlot** plot) override
+    {
+        Call call = begin("HostDocument.get_Plot");
+        if (call.refused() || !call.accepts(plot))
+            return call.status();
+        return call.giveObject(plot, [&] { return newPlot(sharedCore(), m_document); });
+    }
+
+    HRESULT STDMETHODCALLTYPE get_ActiveLayout(HostLayout** layout) override
+    {
+        Call call = begin("HostDocument.get_ActiveLayout");
+        if (call.refused() || !call.accepts(layout))
+            return call.status();
+        return call.giveObject(layout, [&] { return newLayout(sharedCore(), m_document, m_document->activeLayout); });
+    }
+
+protected:
+    const char* interfaceName() const override { return "HostDocument"; }
+
+private:
+    std::shared_ptr<Document> m_document;
+};
+
+}  // namespace
+
+HostDocuments* newDocuments(const CorePtr& core) { return new DocumentsObject(core); }
+
+HostDocument* newDocument(const CorePtr& core, const std::shared_ptr<Document>& document)
+{
+    return document ? new DocumentObject(core, document) : nullptr;
+}
+
+}  // namespace sim::detail

@@ -1,0 +1,118 @@
+// What every host object of the simulator is: a reference-counted automation object answering
+// for IUnknown, IDispatch, its own interface and ISupportErrorInfo. Late binding is not offered:
+// the MX module and its callers use the typed interfaces.
+#pragma once
+
+#include "fault_plan.h"
+#include "host_core.h"
+#include "objects/call.h"
+#include "text.h"
+
+#include "host/object_model.h"
+
+#include <memory>
+#include <type_traits>
+
+namespace sim::detail {
+
+template <class Interface>
+class HostObject : public Interface, public ISupportErrorInfo, public CallSubject {
+public:
+    HostObject(const HostObject&) = delete;
+    HostObject& operator=(const HostObject&) = delete;
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override
+    {
+        if (object == nullptr)
+            return E_POINTER;
+        *object = nullptr;
+        if (iid == __uuidof(Interface) && refusesInterface())
+            return E_NOINTERFACE;
+        if (iid == IID_IUnknown || iid == IID_IDispatch || iid == __uuidof(Interface))
+            *object = static_cast<Interface*>(this);
+        else if (iid == IID_ISupportErrorInfo)
+            *object = static_cast<ISupportErrorInfo*>(this);
+        else
+            return E_NOINTERFACE;
+        AddRef();
+        return S_OK;
+    }
+
+    ULONG STDMETHODCALLTYPE AddRef() override
+    {
+        ++m_core->references;
+        return ++m_references;
+    }
+
+    ULONG STDMETHODCALLTYPE Release() override
+    {
+        --m_core->references;
+        const ULONG left = --m_references;
+        if (left == 0)
+            delete this;
+        return left;
+    }
+
+    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override
+    {
+        if (count == nullptr)
+            return E_POINTER;
+        *count = 0;
+        return S_OK;
+    }
+    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo** typeInfo) override
+    {
+        if (typeInfo != nullptr)
+            *typeInfo = nullptr;
+        return E_NOTIMPL;
+    }
+    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) override
+    {
+        return E_NOTIMPL;
+    }
+
+    HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID iid) override
+    {
+        return iid == __uuidof(Interface) ? S_OK : S_FALSE;
+    }
+
+    const IID* errorInterface() const override { return &__uuidof(Interface); }
+    std::wstring errorSource() const override { return L"Zorb." + *text::fromUtf8(interfaceName()); }
+
+protected:
+    explicit HostObject(std::shared_ptr<HostCore> core) : m_core(std::move(core)) { ++m_core->references; }
+    virtual ~HostObject() = default;
+
+    // The interface's name, which starts the object's journal name.
+    virtual const char* interfaceName() const = 0;
+
+    HostCore& core() const { return *m_core; }
+    HostState& state() const { return m_core->state; }
+    const std::shared_ptr<HostCore>& sharedCore() const { return m_core; }
+
+    // Starts a call of `method` ("Interface.method") on this object.
+    Call begin(const char* method, std::initializer_list<Arg> arguments = {})
+    {
+        return Call(*m_core, *this, method, arguments);
+    }
+
+private:
+    // Only the application may be refused, and only when a fault says so.
+    bool refusesInterface()
+    {
+        if constexpr (std::is_same_v<Interface, HostApplication>) {
+            if (!m_core->installed || m_core->state.faults.empty())
+                return false;
+            return FAILED(consultFaults(m_core->state.faults, kQueryApplication, [this] { return journalName(); })
+                              .failure);
+        } else {
+            return false;
+        }
+    }
+
+    std::shared_ptr<HostCore> m_core;
+    ULONG m_references = 1;
+};
+
+}  // namespace sim::detail

@@ -1,0 +1,135 @@
+// The loaded menu groups, and one group.
+#include "model_copy.h"
+#include "objects/arguments_in.h"
+#include "objects/host_object.h"
+#include "objects/objects.h"
+
+#include <algorithm>
+
+namespace sim::detail {
+namespace {
+
+class MenuGroupsObject final : public HostObject<HostMenuGroups> {
+public:
+    explicit MenuGroupsObject(const CorePtr& core) : HostObject(core) {}
+
+    std::string journalName() const override { return "HostMenuGroups"; }
+
+    HRESULT STDMETHODCALLTYPE get_Count(LONG* count) override
+    {
+        Call call = begin("HostMenuGroups.get_Count");
+        if (call.refused() || !call.accepts(count))
+            return call.status();
+        return call.giveValue(count, static_cast<LONG>(state().menuGroups.size()));
+    }
+
+    HRESULT STDMETHODCALLTYPE raw_Item(VARIANT index, HostMenuGroup** group) override
+    {
+        Call call = begin("HostMenuGroups.Item", {Arg::variant(index)});
+        if (call.refused() || !call.accepts(group))
+            return call.status();
+        const auto& groups = state().menuGroups;
+        size_t position = 0;
+        if (!findPosition(call, index, groups, L"menu group", namedBy(&MenuGroup::name), position))
+            return call.status();
+        return call.giveObject(group, [&] { return newMenuGroup(sharedCore(), groups[position]); });
+    }
+
+    // The file is found by its path as the host compares paths; its group loads as a fresh copy of
+    // what the file defines, after the groups already loaded.
+    HRESULT STDMETHODCALLTYPE raw_LoadMenuFile(BSTR menuFile, VARIANT baseMenu, HostMenuGroup** group) override
+    {
+        Call call = begin("HostMenuGroups.LoadMenuFile", {Arg::text(menuFile), Arg::variant(baseMenu)});
+        if (call.refused() || !call.accepts(group))
+            return call.status();
+        if (!isMissing(baseMenu)) {
+            bool asBaseMenu = false;
+            if (!readYesNo(call, baseMenu, L"base-menu argument", asBaseMenu))
+                return call.status();
+            if (asBaseMenu)
+                return call.fail(E_INVALIDARG, L"loading a menu file as the base menu is not simulated");
+        }
+        const std::wstring path = text::fromBstr(menuFile);
+        const auto file = std::find_if(state().menuFiles.begin(), state().menuFiles.end(),
+                                       [&](const auto& entry) { return text::samePath(entry.first, path); });
+        if (file == state().menuFiles.end())
+            return call.fail(HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND), L"menu file '" + path + L"' was not found");
+        if (!file->second)
+            return call.fail(E_FAIL, L"'" + path + L"' is not a menu file");
+        if (loadedGroupNamed(state(), file->second->name))
+            return call.fail(E_FAIL, L"menu group '" + file->second->name + L"' is already loaded");
+        if (call.givesNull())
+            return call.succeed();  // the output was cleared: no group, and none loaded
+        state().menuGroups.push_back(copyMenuGroup(*file->second));
+        return call.giveObject(group, [&] { return newMenuGroup(sharedCore(), state().menuGroups.back()); });
+    }
+
+protected:
+    const char* interfaceName() const override { return "HostMenuGroups"; }
+};
+
+class MenuGroupObject final : public HostObject<HostMenuGroup> {
+public:
+    MenuGroupObject(const CorePtr& core, std::shared_ptr<MenuGroup> group) : HostObject(core), m_group(std::move(group))
+    {
+    }
+
+    std::string journalName() const override { return "HostMenuGroup " + nameOf(*m_group); }
+    std::wstring goneReason() const override { return detail::goneReason(state(), *m_group); }
+
+    HRESULT STDMETHODCALLTYPE get_Name(BSTR* name) override
+    {
+        Call call = begin("HostMenuGroup.get_Name");
+        if (call.refused() || !call.accepts(name))
+            return call.status();
+        return call.giveText(name, m_group->name);
+    }
+
+    HRESULT STDMETHODCALLTYPE get_Menus(HostPopupMenus** menus) override
+    {
+        Call call = begin("HostMenuGroup.get_Menus");
+        if (call.refused() || !call.accepts(menus))
+            return call.status();
+        return call.giveObject(menus, [&] { return newPopupMenus(sharedCore(), m_group); });
+    }
+
+    HRESULT STDMETHODCALLTYPE get_Toolbars(HostToolbars** toolbars) override
+    {
+        Call call = begin("HostMenuGroup.get_Toolbars");
+        if (call.refused() || !call.accepts(toolbars))
+            return call.status();
+        return call.giveObject(toolbars, [&] { return newToolbars(sharedCore(), m_group); });
+    }
+
+    // The group's menus leave the menu bar with it.
+    HRESULT STDMETHODCALLTYPE raw_Unload() override
+    {
+        Call call = begin("HostMenuGroup.Unload");
+        if (call.refused())
+            return call.status();
+        auto& bar = state().menuBar;
+        bar.erase(std::remove_if(bar.begin(), bar.end(),
+                                 [&](const auto& menu) { return contains(m_group->menus, menu.get()); }),
+                  bar.end());
+        auto& groups = state().menuGroups;
+        groups.erase(std::remove(groups.begin(), groups.end(), m_group), groups.end());
+        return call.succeed();
+    }
+
+protected:
+    const char* interfaceName() const override { return "HostMenuGroup"; }
+
+private:
+    std::shared_ptr<MenuGroup> m_group;
+};
+
+}  // namespace
+
+HostMenuGroups* newMenuGroups(const CorePtr& core) { return new MenuGroupsObject(core); }
+
+HostMenuGroup* newMenuGroup(const CorePtr& core, const std::shared_ptr<MenuGroup>& group)
+{
+    return group ? new MenuGroupObject(core, group) : nullptr;
+}
+
+}  // namespace sim::detail

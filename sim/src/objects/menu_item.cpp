@@ -1,0 +1,111 @@
+// One item of a popup menu: a command, a separator or a submenu.
+#include "objects/host_object.h"
+#include "objects/objects.h"
+
+#include <algorithm>
+
+namespace sim::detail {
+namespace {
+
+class PopupMenuItemObject final : public HostObject<HostPopupMenuItem> {
+public:
+    PopupMenuItemObject(const CorePtr& core, MenuPlace menu, std::shared_ptr<PopupMenuItem> item)
+        : HostObject(core), m_menu(std::move(menu)), m_item(std::move(item))
+    {
+    }
+
+    std::string journalName() const override { return "HostPopupMenuItem " + nameOf(m_menu, *m_item); }
+    std::wstring goneReason() const override { return detail::goneReason(state(), m_menu, *m_item); }
+
+    HRESULT STDMETHODCALLTYPE get_Label(BSTR* label) override
+    {
+        Call call = begin("HostPopupMenuItem.get_Label");
+        if (call.refused() || !call.accepts(label))
+            return call.status();
+        return call.giveText(label, m_item->label);
+    }
+
+    // A submenu item's label is its submenu's name.
+    HRESULT STDMETHODCALLTYPE put_Label(BSTR label) override
+    {
+        Call call = begin("HostPopupMenuItem.put_Label", {Arg::text(label)});
+        if (call.refused())
+            return call.status();
+        if (m_item->type == ItemType::separator)
+            return call.fail(E_FAIL, L"a separator has no label");
+        m_item->label = text::fromBstr(label);
+        if (m_item->subMenu)
+            m_item->subMenu->name = m_item->label;
+        return call.succeed();
+    }
+
+    HRESULT STDMETHODCALLTYPE get_Macro(BSTR* macro) override
+    {
+        Call call = begin("HostPopupMenuItem.get_Macro");
+        if (call.refused() || !call.accepts(macro))
+            return call.status();
+        return call.giveText(macro, m_item->macro);
+    }
+
+    HRESULT STDMETHODCALLTYPE get_Type(LONG* type) override
+    {
+        Call call = begin("HostPopupMenuItem.get_Type");
+        if (call.refused() || !call.accepts(type))
+            return call.status();
+        return call.giveValue(type, static_cast<LONG>(m_item->type));
+    }
+
+    HRESULT STDMETHODCALLTYPE get_SubMenu(HostPopupMenu** subMenu) override
+    {
+        Call call = begin("HostPopupMenuItem.get_SubMenu");
+        if (call.refused() || !call.accepts(subMenu))
+            return call.status();
+        if (m_item->type != ItemType::submenu)
+            return call.fail(E_FAIL, L"menu item '" + m_item->label + L"' is not a submenu");
+        return call.giveObject(subMenu, [&] { return newPopupMenu(sharedCore(), m_menu.below(m_item)); });
+    }
+
+    HRESULT STDMETHODCALLTYPE get_Enabled(VARIANT_BOOL* enabled) override
+    {
+        Call call = begin("HostPopupMenuItem.get_Enabled");
+        if (call.refused() || !call.accepts(enabled))
+            return call.status();
+        return call.giveValue(enabled, m_item->enabled ? VARIANT_TRUE : VARIANT_FALSE);
+    }
+
+    HRESULT STDMETHODCALLTYPE put_Enabled(VARIANT_BOOL enabled) override
+    {
+        Call call = begin("HostPopupMenuItem.put_Enabled", {Arg::flag(enabled)});
+        if (call.refused())
+            return call.status();
+        m_item->enabled = enabled != VARIANT_FALSE;
+        return call.succeed();
+    }
+
+    HRESULT STDMETHODCALLTYPE raw_Delete() override
+    {
+        Call call = begin("HostPopupMenuItem.Delete");
+        if (call.refused())
+            return call.status();
+        auto& items = m_menu.menu->items;
+        items.erase(std::find(items.begin(), items.end(), m_item));
+        return call.succeed();
+    }
+
+protected:
+    const char* interfaceName() const override { return "HostPopupMenuItem"; }
+
+private:
+    MenuPlace m_menu;
+    std::shared_ptr<PopupMenuItem> m_item;
+};
+
+}  // namespace
+
+HostPopupMenuItem* newPopupMenuItem(const CorePtr& core, const MenuPlace& place,
+                                    const std::shared_ptr<PopupMenuItem>& item)
+{
+    return item ? new PopupMenuItemObject(core, place, item) : nullptr;
+}
+
+}  // namespace sim::detail

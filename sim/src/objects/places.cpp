@@ -1,0 +1,134 @@
+#include "objects/places.h"
+
+#include "text.h"
+
+namespace sim::detail {
+namespace {
+
+std::string quoted(const std::wstring& name) { return "'" + text::toUtf8(name) + "'"; }
+
+std::wstring quotedWide(const std::wstring& name) { return L"'" + name + L"'"; }
+
+// Menus and toolbars are known by their tag; one without a tag by its name.
+std::wstring identifierOf(const std::wstring& tag, const std::wstring& name) { return tag.empty() ? name : tag; }
+
+}  // namespace
+
+MenuPlace MenuPlace::below(const std::shared_ptr<PopupMenuItem>& item) const
+{
+    MenuPlace place = *this;
+    place.submenuItems.push_back(item);
+    place.menu = item->subMenu;
+    return place;
+}
+
+MenuPlace placeOfTopMenu(const HostState& state, const std::shared_ptr<PopupMenu>& menu)
+{
+    for (const auto& group : state.menuGroups)
+        if (group && contains(group->menus, menu.get()))
+            return MenuPlace{group, menu, {}, menu};
+    return MenuPlace{nullptr, menu, {}, menu};
+}
+
+std::shared_ptr<MenuGroup> loadedGroupNamed(const HostState& state, const std::wstring& name)
+{
+    for (const auto& group : state.menuGroups)
+        if (group && text::equalNoCase(group->name, name))
+            return group;
+    return nullptr;
+}
+
+std::wstring goneReason(const HostState& state, const MenuGroup& group)
+{
+    if (contains(state.menuGroups, &group))
+        return {};
+    return L"menu group " + quotedWide(group.name) + L" is unloaded";
+}
+
+std::wstring goneReason(const HostState& state, const MenuPlace& place)
+{
+    if (place.group) {
+        std::wstring reason = goneReason(state, *place.group);
+        if (!reason.empty())
+            return reason;
+        if (!contains(place.group->menus, place.top.get()))
+            return L"menu " + quotedWide(place.top->name) + L" was removed from menu group " +
+                   quotedWide(place.group->name);
+    } else if (!contains(state.menuBar, place.top.get())) {
+        return L"menu " + quotedWide(place.top->name) + L" is no longer on the menu bar";
+    }
+    const PopupMenu* menu = place.top.get();
+    for (const auto& item : place.submenuItems) {
+        if (!contains(menu->items, item.get()))
+            return L"submenu item " + quotedWide(item->label) + L" was deleted";
+        menu = item->subMenu.get();
+        if (menu == nullptr)
+            return L"menu item " + quotedWide(item->label) + L" no longer has a submenu";
+    }
+    if (menu != place.menu.get())
+        return L"submenu " + quotedWide(place.menu->name) + L" was replaced";
+    return {};
+}
+
+std::wstring goneReason(const HostState& state, const MenuPlace& place, const PopupMenuItem& item)
+{
+    std::wstring reason = goneReason(state, place);
+    if (reason.empty() && !contains(place.menu->items, &item))
+        reason = L"menu item " + quotedWide(item.label) + L" was deleted";
+    return reason;
+}
+
+std::wstring goneReason(const HostState& state, const ToolbarPlace& place)
+{
+    std::wstring reason = goneReason(state, *place.group);
+    if (reason.empty() && !contains(place.group->toolbars, place.toolbar.get()))
+        reason = L"toolbar " + quotedWide(place.toolbar->name) + L" was removed from menu group " +
+                 quotedWide(place.group->name);
+    return reason;
+}
+
+std::wstring goneReason(const HostState& state, const ToolbarPlace& place, const ToolbarButton& button)
+{
+    std::wstring reason = goneReason(state, place);
+    if (reason.empty() && !contains(place.toolbar->buttons, &button))
+        reason = L"toolbar button " + quotedWide(button.name) + L" was deleted";
+    return reason;
+}
+
+std::wstring goneReason(const HostState& state, const Document& document)
+{
+    if (contains(state.documents, &document))
+        return {};
+    return L"drawing " + quotedWide(document.fullFileName) + L" is closed";
+}
+
+std::string nameOf(const MenuGroup& group) { return quoted(group.name); }
+
+std::string nameOf(const MenuPlace& place)
+{
+    std::string name = place.group ? nameOf(*place.group) + "/" : std::string();
+    name += quoted(identifierOf(place.top->tag, place.top->name));
+    for (const auto& item : place.submenuItems)
+        name += "/" + quoted(item->subMenu ? item->subMenu->name : item->label);
+    return name;
+}
+
+std::string nameOf(const MenuPlace& place, const PopupMenuItem& item)
+{
+    const long position = positionIn(place.menu->items, &item);
+    return nameOf(place) + (position >= 0 ? "[" + std::to_string(position) + "]" : "[deleted]");
+}
+
+std::string nameOf(const ToolbarPlace& place)
+{
+    return nameOf(*place.group) + "/" + quoted(identifierOf(place.toolbar->tag, place.toolbar->name));
+}
+
+std::string nameOf(const ToolbarPlace& place, const ToolbarButton& button)
+{
+    return nameOf(place) + "/" + quoted(identifierOf(button.tag, button.name));
+}
+
+std::string nameOf(const Document& document) { return quoted(document.fullFileName); }
+
+}  // namespace sim::detail

@@ -1,0 +1,176 @@
+// One popup menu: a group's menu or a submenu.
+#include "objects/arguments_in.h"
+#include "objects/host_object.h"
+#include "objects/objects.h"
+
+#include <algorithm>
+
+namespace sim::detail {
+namespace {
+
+class PopupMenuObject final : public HostObject<HostPopupMenu> {
+public:
+    PopupMenuObject(const CorePtr& core, MenuPlace place) : HostObject(core), m_place(std::move(place)) {}
+
+    std::string journalName() const override { return "HostPopupMenu " + nameOf(m_place); }
+    std::wstring goneReason() const override { return detail::goneReason(state(), m_place); }
+
+    HRESULT STDMETHODCALLTYPE get_Name(BSTR* name) override
+    {
+        Call call = begin("HostPopupMenu.get_Name");
+        if (call.refused() || !call.accepts(name))
+            return call.status();
+        return call.giveText(name, m_place.menu->name);
+    }
+
+    // A submenu's name is the label of the item that leads to it.
+    HRESULT STDMETHODCALLTYPE put_Name(BSTR name) override
+    {
+        Call call = begin("HostPopupMenu.put_Name", {Arg::text(name)});
+        if (call.refused())
+            return call.status();
+        if (SysStringLen(name) == 0)
+            return call.fail(E_INVALIDARG, L"a menu needs a name");
+        m_place.menu->name = text::fromBstr(name);
+        if (!m_place.submenuItems.empty())
+            m_place.submenuItems.back()->label = m_place.menu->name;
+        return call.succeed();
+    }
+
+    HRESULT STDMETHODCALLTYPE get_TagString(BSTR* tag) override
+    {
+        Call call = begin("HostPopupMenu.get_TagString");
+        if (call.refused() || !call.accepts(tag))
+            return call.status();
+        return call.giveText(tag, m_place.menu->tag);
+    }
+
+    HRESULT STDMETHODCALLTYPE get_OnMenuBar(VARIANT_BOOL* onMenuBar) override
+    {
+        Call call = begin("HostPopupMenu.get_OnMenuBar");
+        if (call.refused() || !call.accepts(onMenuBar))
+            return call.status();
+        return call.giveValue(onMenuBar, isOnMenuBar() ? VARIANT_TRUE : VARIANT_FALSE);
+    }
+
+    HRESULT STDMETHODCALLTYPE get_Count(LONG* count) override
+    {
+        Call call = begin("HostPopupMenu.get_Count");
+        if (call.refused() || !call.accepts(count))
+            return call.status();
+        return call.giveValue(count, static_cast<LONG>(m_place.menu->items.size()));
+    }
+
+    HRESULT STDMETHODCALLTYPE raw_Item(VARIANT index, HostPopupMenuItem** item) override
+    {
+        Call call = begin("HostPopupMenu.Item", {Arg::variant(index)});
+        if (call.refused() || !call.accepts(item))
+            return call.status();
+        const auto& items = m_place.menu->items;
+        size_t position = 0;
+        if (!findPosition(call, index, items, L"menu item", namedBy(&PopupMenuItem::label), position))
+            return call.status();
+        return call.giveObject(item, [&] { return newPopupMenuItem(sharedCore(), m_place, items[position]); });
+    }
+
+    HRESULT STDMETHODCALLTYPE raw_AddMenuItem(VARIANT index, BSTR label, BSTR macro, HostPopupMenuItem** item) override
+    {
+        Call call = begin("HostPopupMenu.AddMenuItem", {Arg::variant(index), Arg::text(label), Arg::text(macro)});
+        if (call.refused() || !call.accepts(item))
+            return call.status();
+        auto added = std::make_shared<PopupMenuItem>();
+        added->type = ItemType::command;
+        added->label = text::fromBstr(label);
+        added->macro = text::fromBstr(macro);
+        return addItem(call, index, L"menu item", added, [&] { return newPopupMenuItem(sharedCore(), m_place, added); },
+                       item);
+    }
+
+    HRESULT STDMETHODCALLTYPE raw_AddSubMenu(VARIANT index, BSTR label, HostPopupMenu** subMenu) override
+    {
+        Call call = begin("HostPopupMenu.AddSubMenu", {Arg::variant(index), Arg::text(label)});
+        if (call.refused() || !call.accepts(subMenu))
+            return call.status();
+        if (SysStringLen(label) == 0)
+            return call.fail(E_INVALIDARG, L"a submenu needs a label");
+        auto added = std::make_shared<PopupMenuItem>();
+        added->type = ItemType::submenu;
+        added->label = text::fromBstr(label);
+        added->subMenu = std::make_shared<PopupMenu>();
+        added->subMenu->name = added->label;
+        return addItem(call, index, L"submenu", added, [&] { return newPopupMenu(sharedCore(), m_place.below(added)); },
+                       subMenu);
+    }
+
+    HRESULT STDMETHODCALLTYPE raw_AddSeparator(VARIANT index, HostPopupMenuItem** item) override
+    {
+        Call call = begin("HostPopupMenu.AddSeparator", {Arg::variant(index)});
+        if (call.refused() || !call.accepts(item))
+            return call.status();
+        auto added = std::make_shared<PopupMenuItem>();
+        added->type = ItemType::separator;
+        return addItem(call, index, L"separator", added, [&] { return newPopupMenuItem(sharedCore(), m_place, added); },
+                       item);
+    }
+
+    HRESULT STDMETHODCALLTYPE raw_InsertInMenuBar(VARIANT position) override
+    {
+        Call call = begin("HostPopupMenu.InsertInMenuBar", {Arg::variant(position)});
+        if (call.refused())
+            return call.status();
+        if (!m_place.submenuItems.empty())
+            return call.fail(E_FAIL, L"submenu '" + m_place.menu->name + L"' cannot go on the menu bar");
+        if (isOnMenuBar())
+            return call.fail(E_FAIL, L"menu '" + m_place.menu->name + L"' is already on the menu bar");
+        auto& bar = state().menuBar;
+        size_t at = 0;
+        if (!findInsertion(call, position, bar.size(), L"menu to the menu bar", at))
+            return call.status();
+        bar.insert(bar.begin() + static_cast<std::ptrdiff_t>(at), m_place.menu);
+        return call.succeed();
+    }
+
+    HRESULT STDMETHODCALLTYPE raw_RemoveFromMenuBar() override
+    {
+        Call call = begin("HostPopupMenu.RemoveFromMenuBar");
+        if (call.refused())
+            return call.status();
+        if (!isOnMenuBar())
+            return call.fail(E_FAIL, L"menu '" + m_place.menu->name + L"' is not on the menu bar");
+        auto& bar = state().menuBar;
+        bar.erase(std::find(bar.begin(), bar.end(), m_place.menu));
+        return call.succeed();
+    }
+
+protected:
+    const char* interfaceName() const override { return "HostPopupMenu"; }
+
+private:
+    bool isOnMenuBar() const { return m_place.submenuItems.empty() && contains(state().menuBar, m_place.menu.get()); }
+
+    // Inserts before the item now at the index (the count appends) and gives the new object.
+    template <class Interface, class Make>
+    HRESULT addItem(Call& call, const VARIANT& index, const std::wstring& what,
+                    const std::shared_ptr<PopupMenuItem>& added, Make make, Interface** output)
+    {
+        auto& items = m_place.menu->items;
+        size_t at = 0;
+        if (!findInsertion(call, index, items.size(), what, at))
+            return call.status();
+        if (call.givesNull())
+            return call.succeed();
+        items.insert(items.begin() + static_cast<std::ptrdiff_t>(at), added);
+        return call.giveObject(output, make);
+    }
+
+    MenuPlace m_place;
+};
+
+}  // namespace
+
+HostPopupMenu* newPopupMenu(const CorePtr& core, const MenuPlace& place)
+{
+    return place.menu ? new PopupMenuObject(core, place) : nullptr;
+}
+
+}  // namespace sim::detail

@@ -1,0 +1,102 @@
+// A menu group's popup menus, and the menu bar.
+#include "objects/arguments_in.h"
+#include "objects/host_object.h"
+#include "objects/objects.h"
+
+namespace sim::detail {
+namespace {
+
+class PopupMenusObject final : public HostObject<HostPopupMenus> {
+public:
+    PopupMenusObject(const CorePtr& core, std::shared_ptr<MenuGroup> group) : HostObject(core), m_group(std::move(group))
+    {
+    }
+
+    std::string journalName() const override { return "HostPopupMenus " + nameOf(*m_group); }
+    std::wstring goneReason() const override { return detail::goneReason(state(), *m_group); }
+
+    HRESULT STDMETHODCALLTYPE get_Count(LONG* count) override
+    {
+        Call call = begin("HostPopupMenus.get_Count");
+        if (call.refused() || !call.accepts(count))
+            return call.status();
+        return call.giveValue(count, static_cast<LONG>(m_group->menus.size()));
+    }
+
+    HRESULT STDMETHODCALLTYPE raw_Item(VARIANT index, HostPopupMenu** menu) override
+    {
+        Call call = begin("HostPopupMenus.Item", {Arg::variant(index)});
+        if (call.refused() || !call.accepts(menu))
+            return call.status();
+        size_t position = 0;
+        if (!findPosition(call, index, m_group->menus, L"menu", namedBy(&PopupMenu::name), position))
+            return call.status();
+        const auto& found = m_group->menus[position];
+        return call.giveObject(menu, [&] { return newPopupMenu(sharedCore(), MenuPlace{m_group, found, {}, found}); });
+    }
+
+    // A new menu goes after the group's menus, off the menu bar; names need not be unique.
+    HRESULT STDMETHODCALLTYPE raw_AddMenu(BSTR name, HostPopupMenu** menu) override
+    {
+        Call call = begin("HostPopupMenus.AddMenu", {Arg::text(name)});
+        if (call.refused() || !call.accepts(menu))
+            return call.status();
+        if (SysStringLen(name) == 0)
+            return call.fail(E_INVALIDARG, L"a new menu needs a name");
+        if (call.givesNull())
+            return call.succeed();
+        auto added = std::make_shared<PopupMenu>();
+        added->name = text::fromBstr(name);
+        m_group->menus.push_back(added);
+        return call.giveObject(menu, [&] { return newPopupMenu(sharedCore(), MenuPlace{m_group, added, {}, added}); });
+    }
+
+protected:
+    const char* interfaceName() const override { return "HostPopupMenus"; }
+
+private:
+    std::shared_ptr<MenuGroup> m_group;
+};
+
+class MenuBarObject final : public HostObject<HostMenuBar> {
+public:
+    explicit MenuBarObject(const CorePtr& core) : HostObject(core) {}
+
+    std::string journalName() const override { return "HostMenuBar"; }
+
+    HRESULT STDMETHODCALLTYPE get_Count(LONG* count) override
+    {
+        Call call = begin("HostMenuBar.get_Count");
+        if (call.refused() || !call.accepts(count))
+            return call.status();
+        return call.giveValue(count, static_cast<LONG>(state().menuBar.size()));
+    }
+
+    HRESULT STDMETHODCALLTYPE raw_Item(VARIANT index, HostPopupMenu** menu) override
+    {
+        Call call = begin("HostMenuBar.Item", {Arg::variant(index)});
+        if (call.refused() || !call.accepts(menu))
+            return call.status();
+        size_t position = 0;
+        if (!findPosition(call, index, state().menuBar, L"menu on the menu bar", namedBy(&PopupMenu::name), position))
+            return call.status();
+        const auto& found = state().menuBar[position];
+        return call.giveObject(menu, [&] {
+            return found ? newPopupMenu(sharedCore(), placeOfTopMenu(state(), found)) : nullptr;
+        });
+    }
+
+protected:
+    const char* interfaceName() const override { return "HostMenuBar"; }
+};
+
+}  // namespace
+
+HostPopupMenus* newPopupMenus(const CorePtr& core, const std::shared_ptr<MenuGroup>& group)
+{
+    return group ? new PopupMenusObject(core, group) : nullptr;
+}
+
+HostMenuBar* newMenuBar(const CorePtr& core) { return new MenuBarObject(core); }
+
+}  // namespace sim::detail

@@ -1,0 +1,459 @@
+// A host state from JSON. Every member may be left out and then keeps the model's default; an
+// unknown member, a value of the wrong kind or a reference to nothing is an error naming its
+// JSON path. The state is built aside and handed out whole, so bad input never half-loads.
+#include "sim/state_json.h"
+
+#include "json_names.h"
+#include "json_reader.h"
+#include "status_names.h"
+#include "text.h"
+
+#include <climits>
+#include <cstdint>
+#include <fstream>
+#include <tuple>
+#include <sstream>
+
+namespace sim {
+namespace {
+
+using detail::JsonReader;
+
+constexpr long long kLongLowest = INT32_MIN;  // LONG on the host's side is 32 bits
+constexpr long long kLongHighest = INT32_MAX;
+
+// Reads a member into `target` when it is there.
+template <class T, class Read>
+void readMember(const JsonReader& object, const char* name, T& target, Read read)
+{
+    if (const auto member = object.member(name))
+        target = read(*member);
+}
+
+void readText(const JsonReader& object, const char* name, std::wstring& target)
+{
+    readMember(object, name, target, [](const JsonReader& value) { return value.text(); });
+}
+
+void readBoolean(const JsonReader& object, const char* name, bool& target)
+{
+    readMember(object, name, target, [](const JsonReader& value) { return value.boolean(); });
+}
+
+void readLong(const JsonReader& object, const char* name, long& target, long long lowest = kLongLowest,
+              long long highest = kLongHighest)
+{
+    readMember(object, name, target,
+               [&](const JsonReader& value) { return static_cast<long>(value.integer(lowest, highest)); });
+}
+
+std::vector<std::wstring> readTexts(const JsonReader& array)
+{
+    std::vector<std::wstring> texts;
+    for (const JsonReader& element : array.elements())
+        texts.push_back(element.text());
+    return texts;
+}
+
+// A collection of nodes; a null element is a place where the host gives no object.
+template <class Node, class Read>
+std::vector<std::shared_ptr<Node>> readNodes(const JsonReader& array, Read read)
+{
+    std::vector<std::shared_ptr<Node>> nodes;
+    for (const JsonReader& element : array.elements())
+        nodes.push_back(element.isNull() ? nullptr : std::make_shared<Node>(read(element)));
+    return nodes;
+}
+
+template <class Node, class Read>
+void readNodesMember(const JsonReader& object, const char* name, std::vector<std::shared_ptr<Node>>& target, Read read)
+{
+    readMember(object, name, target, [&](const JsonReader& array) { return readNodes<Node>(array, read); });
+}
+
+PopupMenu readMenu(const JsonReader& in);
+
+PopupMenuItem readItem(const JsonReader& in)
+{
+    in.expectObject({"type", "label", "macro", "tag", "enabled", "submenu"});
+    PopupMenuItem item;
+    readMember(in, "type", item.type, [](const JsonReader& value) {
+        if (value.isText()) {
+            if (const auto type = detail::itemTypeNamed(text::toUtf8(value.text())))
+                return *type;
+        } else if (!value.isObject() && !value.isNull()) {
+            return static_cast<ItemType>(value.integer(0, 2));
+        }
+        value.expected("an item type: \"command\", \"separator\", \"submenu\" (or 0, 1, 2)");
+    });
+    readText(in, "label", item.label);
+    readText(in, "macro", item.macro);
+    readText(in, "tag", item.tag);
+    readBoolean(in, "enabled", item.enabled);
+    readMember(in, "submenu", item.subMenu, [](const JsonReader& value) {
+        return value.isNull() ? nullptr : std::make_shared<PopupMenu>(readMenu(value));
+    });
+    return item;
+}
+
+PopupMenu readMenu(const JsonReader& in)
+{
+    in.expectObject({"name", "tag", "items"});
+    PopupMenu menu;
+    readText(in, "name", menu.name);
+    readText(in, "tag", menu.tag);
+    readNodesMember(in, "items", menu.items, readItem);
+    return menu;
+}
+
+ToolbarButton readButton(const JsonReader& in)
+{
+    in.expectObject({"name", "tag", "macro", "helpString", "smallBitmap", "largeBitmap", "flyout"});
+    ToolbarButton button;
+    readText(in, "name", button.name);
+    readText(in, "tag", button.tag);
+    readText(in, "macro", button.macro);
+    readText(in, "helpString", button.helpString);
+    readText(in, "smallBitmap", button.smallBitmap);
+    readText(in, "largeBitmap", button.largeBitmap);
+    readMember(in, "flyout", button.flyout,
+               [](const JsonReader& value) -> std::optional<std::pair<std::wstring, std::wstring>> {
+                   if (value.isNull())
+                       return std::nullopt;
+                   value.expectObject({"menuGroup", "toolbar"});
+                   std::pair<std::wstring, std::wstring> flyout;
+                   readText(value, "menuGroup", flyout.first);
+                   readText(value, "toolbar", flyout.second);
+                   return flyout;
+               });
+    return button;
+}
+
+Toolbar readToolbar(const JsonReader& in)
+{
+    in.expectObject({"name", "tag", "visible", "dockStatus", "left", "top", "floatingRows", "buttons"});
+    Toolbar toolbar;
+    readText(in, "name", toolbar.name);
+    readText(in, "tag", toolbar.tag);
+    readBoolean(in, "visible", toolbar.visible);
+    readLong(in, "dockStatus", toolbar.dockStatus, 0, kDockFloating);
+    readLong(in, "left", toolbar.left);
+    readLong(in, "top", toolbar.top);
+    readLong(in, "floatingRows", toolbar.floatingRows, 1);
+    readNodesMember(in, "buttons", toolbar.buttons, readButton);
+    return toolbar;
+}
+
+MenuGroup readGroup(const JsonReader& in)
+{
+    in.expectObject({"name", "menus", "toolbars"});
+    MenuGroup group;
+    readText(in, "name", group.name);
+    readNodesMember(in, "menus", group.menus, readMenu);
+    readNodesMember(in, "toolbars", group.toolbars, readToolbar);
+    return group;
+}
+
+std::pair<double, double> readPoint(const JsonReader& in)
+{
+    const auto coordinates = in.elements();
+    if (coordinates.size() != 2)
+        in.expected("a point [x, y]");
+    return {coordinates[0].real(), coordinates[1].real()};
+}
+
+std::optional<PlotWindow> readWindow(const JsonReader& in)
+{
+    if (in.isNull())
+        return std::nullopt;
+    in.expectObject({"lowerLeft", "upperRight"});
+    PlotWindow window;
+    if (const auto point = in.member("lowerLeft"))
+        std::tie(window.lowerLeftX, window.lowerLeftY) = readPoint(*point);
+    if (const auto point = in.member("upperRight"))
+        std::tie(window.upperRightX, window.upperRightY) = readPoint(*point);
+    return window;
+}
+
+Layout readLayout(const JsonReader& in)
+{
+    in.expectObject({"name", "plotType", "window"});
+    Layout layout;
+    readText(in, "name", layout.name);
+    readLong(in, "plotType", layout.plotType);
+    readMember(in, "window", layout.window, readWindow);
+    return layout;
+}
+
+Document readDocument(const JsonReader& in)
+{
+    in.expectObject({"fullFileName", "activeLayout", "plot"});
+    Document document;
+    readText(in, "fullFileName", document.fullFileName);
+    readMember(in, "activeLayout", document.activeLayout, [](const JsonReader& value) {
+        return value.isNull() ? nullptr : std::make_shared<Layout>(readLayout(value));
+    });
+    if (const auto plot = in.member("plot")) {
+        plot->expectObject({"numberOfCopies", "quietErrorMode", "batchEntries", "layoutsToPlot"});
+        readLong(*plot, "numberOfCopies", document.plot.numberOfCopies);
+        readBoolean(*plot, "quietErrorMode", document.plot.quietErrorMode);
+        readLong(*plot, "batchEntries", document.plot.batchEntries);
+        readMember(*plot, "layoutsToPlot", document.plot.layoutsToPlot, readTexts);
+    }
+    return document;
+}
+
+PlotJob readPlotJob(const JsonReader& in)
+{
+    in.expectObject({"document", "device", "layouts", "numberOfCopies", "plotType", "window"});
+    PlotJob job;
+    readText(in, "document", job.document);
+    readMember(in, "device", job.device, [](const JsonReader& value) -> std::optional<std::wstring> {
+        if (value.isNull())
+            return std::nullopt;
+        return value.text();
+    });
+    readMember(in, "layouts", job.layouts, readTexts);
+    readLong(in, "numberOfCopies", job.numberOfCopies);
+    readLong(in, "plotType", job.plotType);
+    readMember(in, "window", job.window, readWindow);
+    return job;
+}
+
+ZoomRequest readZoom(const JsonReader& in)
+{
+    const auto window = readWindow(in);
+    if (!window)
+        in.expected("an object");
+    return ZoomRequest{window->lowerLeftX, window->lowerLeftY, window->upperRightX, window->upperRightY};
+}
+
+HRESULT readStatus(const JsonReader& in)
+{
+    if (in.isText()) {
+        if (const auto status = statusFromName(text::toUtf8(in.text())))
+            return *status;
+        in.expected("a status name such as \"E_FAIL\" or a code such as \"0x80004005\"");
+    }
+    if (in.isObject() || in.isNull())
+        in.expected("a status name or code");
+    return static_cast<HRESULT>(static_cast<std::uint32_t>(in.integer(INT32_MIN, UINT32_MAX)));
+}
+
+Fault readFault(const JsonReader& in)
+{
+    in.expectObject({"kind", "method", "object", "nth", "status", "matchingCallsSeen"});
+    Fault fault;
+    readMember(in, "kind", fault.kind, [](const JsonReader& value) {
+        if (const auto kind = detail::faultKindNamed(text::toUtf8(value.text())))
+            return *kind;
+        value.expected("a fault kind: failCall, nullObject, noFrameworkObject, noDispatch, "
+                       "refuseApplicationInterface, failStringAllocation");
+    });
+    readMember(in, "method", fault.method, [](const JsonReader& value) { return text::toUtf8(value.text()); });
+    readMember(in, "object", fault.object, [](const JsonReader& value) { return text::toUtf8(value.text()); });
+    readMember(in, "nth", fault.nth, [](const JsonReader& value) { return static_cast<int>(value.integer(0, INT_MAX)); });
+    readMember(in, "status", fault.status, readStatus);
+    readMember(in, "matchingCallsSeen", fault.matchingCallsSeen,
+               [](const JsonReader& value) { return static_cast<int>(value.integer(0, INT_MAX)); });
+    if ((fault.kind == FaultKind::failCall || fault.kind == FaultKind::nullObject) && fault.method.empty())
+        in.fail("a " + std::string(detail::nameOfFaultKind(fault.kind)) + " fault needs a \"method\"");
+    if (fault.kind == FaultKind::failCall && SUCCEEDED(fault.status))
+        in.fail("a failCall fault needs a failing \"status\"");
+    return fault;
+}
+
+std::vector<Fault> readFaults(const JsonReader& in)
+{
+    std::vector<Fault> faults;
+    for (const JsonReader& element : in.elements())
+        faults.push_back(readFault(element));
+    return faults;
+}
+
+// The loaded group a menu-bar entry names: by name (letter case ignored) or by position.
+std::shared_ptr<MenuGroup> referencedGroup(const HostState& state, const JsonReader& in)
+{
+    if (in.isText()) {
+        const std::wstring name = in.text();
+        for (const auto& group : state.menuGroups)
+            if (group && text::equalNoCase(group->name, name))
+                return group;
+        in.fail("no loaded menu group '" + text::toUtf8(name) + "'");
+    }
+    const long long position = in.integer(0, kLongHighest);
+    if (position >= static_cast<long long>(state.menuGroups.size()) || !state.menuGroups[position])
+        in.fail("no loaded menu group at index " + std::to_string(position));
+    return state.menuGroups[position];
+}
+
+// A menu on the menu bar: a menu of a loaded group (by position, or by tag or name), or a menu
+// of its own that belongs to no group.
+std::shared_ptr<PopupMenu> readMenuBarEntry(const HostState& state, const JsonReader& in)
+{
+    if (in.isNull())
+        return nullptr;
+    in.expectObject({"menuGroup", "menu"});
+    const auto menu = in.member("menu");
+    if (!menu)
+        in.fail("a menu-bar entry needs a \"menu\"");
+    const auto groupMember = in.member("menuGroup");
+    if (!groupMember) {
+        if (!menu->isObject())
+            menu->expected("a menu object (a menu-bar menu outside every group)");
+        return std::make_shared<PopupMenu>(readMenu(*menu));
+    }
+    const auto group = referencedGroup(state, *groupMember);
+    if (menu->isText()) {
+        const std::wstring wanted = menu->text();
+        for (const auto& candidate : group->menus)
+            if (candidate && candidate->tag == wanted)
+                return candidate;
+        for (const auto& candidate : group->menus)
+            if (candidate && candidate->name == wanted)
+                return candidate;
+        menu->fail("menu group '" + text::toUtf8(group->name) + "' has no menu tagged or named '" +
+                   text::toUtf8(wanted) + "'");
+    }
+    const long long position = menu->integer(0, kLongHighest);
+    if (position >= static_cast<long long>(group->menus.size()) || !group->menus[position])
+        menu->fail("menu group '" + text::toUtf8(group->name) + "' has no menu at index " + std::to_string(position));
+    return group->menus[position];
+}
+
+std::shared_ptr<Document> readActiveDocument(const HostState& state, const JsonReader& in)
+{
+    if (in.isNull())
+        return nullptr;
+    if (in.isObject())
+        return std::make_shared<Document>(readDocument(in));  // a drawing outside the collection
+    const long long position = in.integer(0, kLongHighest);
+    if (position >= static_cast<long long>(state.documents.size()) || !state.documents[position])
+        in.fail("no open drawing at index " + std::to_string(position));
+    return state.documents[position];
+}
+
+template <class Value, class Read>
+std::map<std::wstring, Value> readMap(const JsonReader& in, Read read)
+{
+    std::map<std::wstring, Value> values;
+    for (const auto& [name, value] : in.members())
+        values[name] = read(value);
+    return values;
+}
+
+HostState readState(const JsonReader& in)
+{
+    in.expectObject({"menuGroups", "menuBar", "documents", "activeDocument", "drawingsOnDisk", "plotJobs",
+                     "plotterAnswers", "zoomRequests", "preferences", "systemVariables", "registry",
+                     "searchPathFiles", "menuFiles", "mxSupportFolder", "faults"});
+    HostState state;
+    readNodesMember(in, "menuGroups", state.menuGroups, readGroup);
+    if (const auto bar = in.member("menuBar"))
+        for (const JsonReader& entry : bar->elements())
+            state.menuBar.push_back(readMenuBarEntry(state, entry));
+    readNodesMember(in, "documents", state.documents, readDocument);
+    readMember(in, "activeDocument", state.activeDocument,
+               [&](const JsonReader& value) { return readActiveDocument(state, value); });
+    readMember(in, "drawingsOnDisk", state.drawingsOnDisk, readTexts);
+    readMember(in, "plotJobs", state.plotJobs, [](const JsonReader& array) {
+        std::vector<PlotJob> jobs;
+        for (const JsonReader& element : array.elements())
+            jobs.push_back(readPlotJob(element));
+        return jobs;
+    });
+    readBoolean(in, "plotterAnswers", state.plotterAnswers);
+    readMember(in, "zoomRequests", state.zoomRequests, [](const JsonReader& array) {
+        std::vector<ZoomRequest> zooms;
+        for (const JsonReader& element : array.elements())
+            zooms.push_back(readZoom(element));
+        return zooms;
+    });
+    if (const auto preferences = in.member("preferences")) {
+        preferences->expectObject({"supportPath", "printerStyleSheetPath", "templateDrawingFolder", "drawingPath"});
+        readText(*preferences, "supportPath", state.preferences.supportPath);
+        readText(*preferences, "printerStyleSheetPath", state.preferences.printerStyleSheetPath);
+        readText(*preferences, "templateDrawingFolder", state.preferences.templateDrawingFolder);
+        readText(*preferences, "drawingPath", state.preferences.drawingPath);
+    }
+    readMember(in, "systemVariables", state.systemVariables, [](const JsonReader& object) {
+        return readMap<short>(object, [](const JsonReader& value) { return static_cast<short>(value.integer(SHRT_MIN, SHRT_MAX)); });
+    });
+    if (const auto registry = in.member("registry")) {
+        registry->expectObject({"rootKey", "values"});
+        readText(*registry, "rootKey", state.registryRootKey);
+        readMember(*registry, "values", state.registryValues, [](const JsonReader& keys) {
+            return readMap<std::map<std::wstring, std::wstring>>(keys, [](const JsonReader& values) {
+                return readMap<std::wstring>(values, [](const JsonReader& value) { return value.text(); });
+            });
+        });
+    }
+    readMember(in, "searchPathFiles", state.searchPathFiles, [](const JsonReader& object) {
+        return readMap<std::wstring>(object, [](const JsonReader& value) { return value.text(); });
+    });
+    readMember(in, "menuFiles", state.menuFiles, [](const JsonReader& object) {
+        return readMap<std::shared_ptr<MenuGroup>>(object, [](const JsonReader& value) {
+            return value.isNull() ? nullptr : std::make_shared<MenuGroup>(readGroup(value));
+        });
+    });
+    readText(in, "mxSupportFolder", state.mxSupportFolder);
+    readMember(in, "faults", state.faults, readFaults);
+    return state;
+}
+
+// Line and column (counted in characters, from 1) of a byte offset from 1.
+std::pair<size_t, size_t> lineAndColumn(const std::string& text, size_t byte)
+{
+    size_t line = 1;
+    size_t column = 1;
+    const size_t end = std::min(byte > 0 ? byte - 1 : 0, text.size());
+    for (size_t i = 0; i < end; ++i) {
+        const unsigned char c = static_cast<unsigned char>(text[i]);
+        if (c == '\n') {
+            ++line;
+            column = 1;
+        } else if ((c & 0xC0) != 0x80) {
+            ++column;
+        }
+    }
+    return {line, column};
+}
+
+// nlohmann's message without its own "[json.exception...] parse error at ...: " preamble.
+std::string parseMessage(const nlohmann::json::parse_error& error)
+{
+    const std::string message = error.what();
+    const size_t start = message.find("parse error");
+    const size_t colon = start == std::string::npos ? std::string::npos : message.find(": ", start);
+    return colon == std::string::npos ? message : message.substr(colon + 2);
+}
+
+}  // namespace
+
+HostState stateFromJson(const nlohmann::json& document) { return readState(JsonReader(document, "")); }
+
+std::vector<Fault> faultsFromJson(const nlohmann::json& document) { return readFaults(JsonReader(document, "")); }
+
+HostState loadStateFile(const std::string& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    if (!file)
+        throw StateError(path + ": cannot be read");
+    std::ostringstream contents;
+    contents << file.rdbuf();
+    const std::string text = contents.str();
+    nlohmann::json document;
+    try {
+        document = nlohmann::json::parse(text, nullptr, true, true);
+    } catch (const nlohmann::json::parse_error& error) {
+        const auto [line, column] = lineAndColumn(text, error.byte);
+        throw StateError(path + ":" + std::to_string(line) + ":" + std::to_string(column) + ": " + parseMessage(error));
+    }
+    try {
+        return stateFromJson(document);
+    } catch (const StateError& error) {
+        throw StateError(path + ": " + error.what());
+    }
+}
+
+}  // namespace sim

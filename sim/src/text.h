@@ -1,0 +1,31 @@
+// Text conversions shared by the journal, the JSON state and the host objects. The model keeps
+// wide strings (UTF-16 on Windows, UTF-32 on Linux); the journal and JSON use UTF-8.
+#pragma once
+
+#include "automation.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace sim::text {
+
+// Unpaired surrogates (possible in UTF-16 only) become U+FFFD.
+std::string toUtf8(std::wstring_view text);
+// Null when `text` is not valid UTF-8.
+std::optional<std::wstring> fromUtf8(std::string_view text);
+
+// Names of host objects and paths are matched without regard to letter case, the way the MX core
+// library folds case.
+bool equalNoCase(const std::wstring& a, const std::wstring& b);
+
+// File paths as the host compares them: letter case ignored, '/' and '\' alike.
+bool samePath(const std::wstring& a, const std::wstring& b);
+
+// A null automation string reads as the empty string.
+inline std::wstring fromBstr(BSTR text) { return text ? std::wstring(text, SysStringLen(text)) : std::wstring(); }
+
+// Shortest text that reads back to the same double.
+std::string formatReal(double value);
+
+}  // namespace sim::text
