@@ -1,0 +1,143 @@
+// Drawings: opening, activating, closing, plotting and zooming.
+#include "sim_test.h"
+
+using namespace sim_testing;
+
+namespace {
+
+const wchar_t kOpen[] = L"C:\\Projects\\Warehouse 12\\Drawings\\GA-001.dwg";
+const wchar_t kOnDisk[] = L"C:\\Projects\\Warehouse 12\\Drawings\\Shop\\B-101.dwg";
+
+_variant_t missing() { return _variant_t(DISP_E_PARAMNOTFOUND, VT_ERROR); }
+
+class Documents : public SimTest {
+protected:
+    static HostDocumentsPtr documents() { return application()->GetDocuments(); }
+    static HostDocumentPtr open(const wchar_t* path)
+    {
+        return documents()->Open(path, _variant_t(short(0)), missing());
+    }
+};
+
+_variant_t layoutList(const wchar_t* name)
+{
+    SAFEARRAY* names = SafeArrayCreateVector(VT_BSTR, 0, 1);
+    LONG index = 0;
+    SafeArrayPutElement(names, &index, _bstr_t(name).GetBSTR());
+    VARIANT list;
+    VariantInit(&list);
+    V_VT(&list) = VT_ARRAY | VT_BSTR;
+    V_ARRAY(&list) = names;
+    return _variant_t(list, false);
+}
+
+}  // namespace
+
+TEST_F(Documents, OpeningMakesTheDrawingActiveAndAnOpenDrawingIsNotOpenedAgain)
+{
+    HostDocumentPtr opened = open(L"c:/projects/warehouse 12/drawings/shop/b-101.dwg");
+    EXPECT_EQ(opened->GetFullFileName(), _bstr_t(kOnDisk));  // the host's own form of the name
+    EXPECT_EQ(application()->GetActiveDocument()->GetFullFileName(), _bstr_t(kOnDisk));
+    ASSERT_EQ(state().documents.size(), 2u);
+    EXPECT_EQ(state().documents[1]->activeLayout->name, L"Layout1");
+
+    open(kOpen);
+    EXPECT_EQ(state().documents.size(), 2u);
+    EXPECT_EQ(state().activeDocument, state().documents[0]);
+    EXPECT_EQ(documents()->Item(_variant_t(L"b-101.DWG"))->GetFullFileName(), _bstr_t(kOnDisk));
+    EXPECT_EQ(documents()->Item(indexOf(VT_INT, 1))->GetFullFileName(), _bstr_t(kOnDisk));
+}
+
+TEST_F(Documents, OpeningIsRefusedForADrawingNotOnDiskOrArgumentsOfTheWrongKind)
+{
+    _com_error notFound = failureOf([] { open(L"C:\\nowhere.dwg"); });
+    EXPECT_EQ(notFound.Error(), HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND));
+    EXPECT_EQ(descriptionOf(notFound), L"drawing 'C:\\nowhere.dwg' was not found");
+    EXPECT_EQ(failureOf([] { documents()->Open(kOnDisk, _variant_t(L"no"), missing()); }).Error(),
+              DISP_E_TYPEMISMATCH);
+    EXPECT_EQ(failureOf([] { documents()->Open(kOnDisk, _variant_t(short(0)), _variant_t(3L)); }).Error(),
+              DISP_E_TYPEMISMATCH);
+    EXPECT_EQ(state().documents.size(), 1u);
+}
+
+TEST_F(Documents, ClosingActivatesTheLastDrawingLeftAndSavesUnderTheNameGiven)
+{
+    HostDocumentPtr first = documents()->Item(indexOf(VT_INT, 0));
+    open(kOnDisk);
+    open(L"C:\\Users\\mx\\Documents\\Drawing1.dwg");
+    first->Activate();
+
+    first->Close(_variant_t(short(-1)), _variant_t(L"C:\\Projects\\Warehouse 12\\Drawings\\GA-001 rev B.dwg"));
+    EXPECT_EQ(state().activeDocument->fullFileName, L"C:\\Users\\mx\\Documents\\Drawing1.dwg");
+    EXPECT_EQ(state().drawingsOnDisk.back(), L"C:\\Projects\\Warehouse 12\\Drawings\\GA-001 rev B.dwg");
+    EXPECT_EQ(descriptionOf(failureOf([&] { first->GetFullFileName(); })), std::wstring(L"drawing '") + kOpen + L"' is closed");
+
+    const size_t onDisk = state().drawingsOnDisk.size();
+    application()->GetActiveDocument()->Close(_variant_t(VARIANT_FALSE, VT_BOOL), missing());
+    application()->GetActiveDocument()->Close(missing(), missing());
+    EXPECT_EQ(state().drawingsOnDisk.size(), onDisk);
+    EXPECT_EQ(application()->GetActiveDocument().GetInterfacePtr(), nullptr);
+}
+
+TEST_F(Documents, APlotRecordsAJobWithTheActiveLayoutsSettings)
+{
+    HostDocumentPtr document = application()->GetActiveDocument();
+    HostLayoutPtr layout = document->GetActiveLayout();
+    layout->SetWindowToPlot(pointOf(0, 0), pointOf(10, 5));
+    layout->PutPlotType(4);
+    HostPlotPtr plot = document->GetPlot();
+    plot->PutNumberOfCopies(1);
+    plot->StartBatchMode(1);
+    plot->SetLayoutsToPlot(layoutList(L"Layout2"));
+    EXPECT_EQ(plot->PlotToDevice(_variant_t(L"DWF6 ePlot.pc3")), VARIANT_TRUE);
+
+    ASSERT_EQ(state().plotJobs.size(), 1u);
+    const sim::PlotJob& job = state().plotJobs[0];
+    EXPECT_EQ(job.document, kOpen);
+    EXPECT_EQ(job.device, std::optional<std::wstring>(L"DWF6 ePlot.pc3"));
+    EXPECT_EQ(job.layouts, std::vector<std::wstring>{L"Layout2"});
+    EXPECT_EQ(job.plotType, 4);
+    ASSERT_TRUE(job.window.has_value());
+    EXPECT_EQ(job.window->upperRightX, 10);
+    EXPECT_EQ(job.window->upperRightY, 5);
+
+    state().plotterAnswers = false;
+    EXPECT_EQ(plot->PlotToDevice(missing()), VARIANT_FALSE);
+    EXPECT_EQ(state().plotJobs.size(), 1u);
+}
+
+TEST_F(Documents, PlotSettingsOutsideTheHostsRangesAreRefused)
+{
+    HostDocumentPtr document = application()->GetActiveDocument();
+    HostLayoutPtr layout = document->GetActiveLayout();
+    EXPECT_EQ(failureOf([&] { layout->PutPlotType(6); }).Error(), E_INVALIDARG);
+    EXPECT_EQ(failureOf([&] { layout->SetWindowToPlot(_variant_t(0.0), pointOf(1, 1)); }).Error(), DISP_E_TYPEMISMATCH);
+    EXPECT_EQ(failureOf([&] { document->GetPlot()->PutNumberOfCopies(0); }).Error(), E_INVALIDARG);
+    EXPECT_EQ(failureOf([&] { document->GetPlot()->SetLayoutsToPlot(_variant_t(L"Layout1")); }).Error(),
+              DISP_E_TYPEMISMATCH);
+    EXPECT_EQ(failureOf([&] { document->GetPlot()->PlotToDevice(_variant_t(L"")); }).Error(), E_INVALIDARG);
+    EXPECT_EQ(state().documents[0]->activeLayout->plotType, 5);
+    EXPECT_FALSE(state().documents[0]->activeLayout->window.has_value());
+}
+
+TEST_F(Documents, ZoomWindowRecordsTheCornersOfTheHostsPointForm)
+{
+    application()->ZoomWindow(pointOf(-1.5, 2), pointOf(30, 40.25));
+    ASSERT_EQ(state().zoomRequests.size(), 1u);
+    EXPECT_EQ(state().zoomRequests[0].lowerLeftX, -1.5);
+    EXPECT_EQ(state().zoomRequests[0].upperRightY, 40.25);
+    EXPECT_EQ(failureOf([] { application()->ZoomWindow(_variant_t(1.0), pointOf(1, 1)); }).Error(),
+              DISP_E_TYPEMISMATCH);
+
+    SAFEARRAY* three = SafeArrayCreateVector(VT_R8, 0, 3);
+    VARIANT threeCoordinates;
+    VariantInit(&threeCoordinates);
+    V_VT(&threeCoordinates) = VT_ARRAY | VT_R8;
+    V_ARRAY(&threeCoordinates) = three;
+    const _variant_t point3d(threeCoordinates, false);
+    EXPECT_EQ(failureOf([&] { application()->ZoomWindow(point3d, pointOf(1, 1)); }).Error(), E_INVALIDARG);
+
+    state().activeDocument = nullptr;
+    EXPECT_EQ(failureOf([] { application()->ZoomWindow(pointOf(0, 0), pointOf(1, 1)); }).Error(), E_FAIL);
+    EXPECT_EQ(state().zoomRequests.size(), 1u);
+}

@@ -1,0 +1,104 @@
+// What the journal records of each call, and how it prints it.
+#include "sim_test.h"
+
+using namespace sim_testing;
+
+namespace {
+
+class JournalTest : public SimTest {
+protected:
+    const sim::JournalEntry& last() { return host().journal().entries().back(); }
+};
+
+}  // namespace
+
+TEST_F(JournalTest, EveryCallIsRecordedInOrderWithItsObject)
+{
+    host().journal().clear();
+    HostMenuGroupPtr zorb = application()->GetMenuGroups()->Item(indexOf(VT_I4, 0));
+    zorb->GetName();
+    EXPECT_EQ(host().journal().methods(),
+              (std::vector<std::string>{"sdk.zbedGetZorbWinApp", "CWinApp.GetIDispatch", "HostApplication.get_MenuGroups",
+                                        "HostMenuGroups.Item", "HostMenuGroup.get_Name"}));
+    EXPECT_EQ(last().object, "HostMenuGroup 'ZORB'");
+    EXPECT_EQ(last().status, S_OK);
+}
+
+TEST_F(JournalTest, ArgumentsKeepTheVariantTypeTheyCrossedAs)
+{
+    HostDocumentsPtr documents = application()->GetDocuments();
+    for (VARTYPE type : {VT_I2, VT_I4, VT_INT}) {
+        documents->Item(indexOf(type, 0));
+        ASSERT_EQ(last().arguments.size(), 1u);
+        EXPECT_EQ(last().arguments[0].type, type);
+        EXPECT_EQ(last().arguments[0].value, "0");
+    }
+
+    HostDocumentPtr document = documents->Item(indexOf(VT_INT, 0));
+    document->GetPlot()->PlotToDevice(_variant_t(DISP_E_PARAMNOTFOUND, VT_ERROR));
+    EXPECT_EQ(last().arguments[0].type, VT_ERROR);
+    EXPECT_EQ(last().arguments[0].value, "DISP_E_PARAMNOTFOUND");
+
+    HostToolbarPtr standard = group(L"ZORB")->GetToolbars()->Item(indexOf(VT_I4, 0));
+    standard->PutVisible(VARIANT_FALSE);
+    EXPECT_EQ(last().arguments[0].type, VT_BOOL);
+    EXPECT_EQ(last().arguments[0].value, "false");
+    standard->Dock(1);
+    EXPECT_EQ(last().arguments[0].type, VT_I4);
+    EXPECT_EQ(last().object, "HostToolbar 'ZORB'/'TB_STANDARD'");
+}
+
+TEST_F(JournalTest, ALineShowsMethodArgumentsObjectAndStatus)
+{
+    HostPlotPtr plot = application()->GetActiveDocument()->GetPlot();
+    SAFEARRAY* names = SafeArrayCreateVector(VT_BSTR, 0, 2);
+    LONG index = 0;
+    SafeArrayPutElement(names, &index, _bstr_t(L"Layout1").GetBSTR());
+    index = 1;
+    SafeArrayPutElement(names, &index, _bstr_t(L"Model").GetBSTR());
+    VARIANT raw;
+    VariantInit(&raw);
+    V_VT(&raw) = VT_ARRAY | VT_BSTR;
+    V_ARRAY(&raw) = names;
+    plot->SetLayoutsToPlot(_variant_t(raw, false));
+    EXPECT_EQ(sim::formatJournalLine(last()),
+              "HostPlot.SetLayoutsToPlot(VT_ARRAY|VT_BSTR ['Layout1', 'Model']) on HostPlot "
+              "'C:\\Projects\\Warehouse 12\\Drawings\\GA-001.dwg' -> S_OK");
+
+    failureOf([] { group(L"ZORB")->GetMenus()->Item(_variant_t(L"&Nothing")); });
+    EXPECT_EQ(sim::formatJournalLine(last()),
+              "HostPopupMenus.Item(VT_BSTR '&Nothing') on HostPopupMenus 'ZORB' -> DISP_E_BADINDEX");
+
+    resbuf value;
+    zbedGetVar(L"DWGCHECK", &value);
+    EXPECT_EQ(sim::formatJournalLine(last()), "sdk.zbedGetVar(VT_LPWSTR 'DWGCHECK') on sdk -> S_OK");
+}
+
+TEST_F(JournalTest, ItemsAndSubmenusAreNamedByTheirPlace)
+{
+    HostPopupMenuPtr main = loadMx()->GetMenus()->Item(_variant_t(L"M&X"));
+    HostPopupMenuPtr connections = main->Item(indexOf(VT_I4, 4))->GetSubMenu();
+    connections->Item(indexOf(VT_I4, 2))->GetLabel();
+    EXPECT_EQ(last().object, "HostPopupMenuItem 'MX'/'PM_MX_MAIN'/'C&onnections'[2]");
+    EXPECT_EQ(last().method, "HostPopupMenuItem.get_Label");
+}
+
+TEST_F(JournalTest, AJournalSwitchedOffRecordsNothing)
+{
+    host().journal().clear();
+    host().journal().setEnabled(false);
+    application()->GetMenuGroups()->GetCount();
+    EXPECT_TRUE(host().journal().entries().empty());
+    host().journal().setEnabled(true);
+    application();
+    EXPECT_EQ(host().journal().entries().size(), 2u);
+}
+
+TEST(JournalNames, VariantTypesAndStatusesPrintAsThePlatformNamesThem)
+{
+    EXPECT_EQ(sim::variantTypeName(VT_ARRAY | VT_BSTR), "VT_ARRAY|VT_BSTR");
+    EXPECT_EQ(sim::variantTypeName(VT_BYREF | VT_VARIANT), "VT_BYREF|VT_VARIANT");
+    EXPECT_EQ(sim::variantTypeName(VT_INT), "VT_INT");
+    EXPECT_EQ(sim::statusName(DISP_E_BADINDEX), "DISP_E_BADINDEX");
+    EXPECT_EQ(sim::statusName(static_cast<HRESULT>(0x80040205)), "0x80040205");
+}

@@ -1,0 +1,61 @@
+// References callers hold on host objects, and objects that outlive their node or their host.
+#include "sim_test.h"
+
+#include <memory>
+
+using namespace sim_testing;
+
+namespace {
+
+class References : public SimTest {};
+
+}  // namespace
+
+TEST_F(References, EveryReferenceACallerTakesIsCountedUntilReleased)
+{
+    EXPECT_EQ(host().referencesHeld(), 0);
+    {
+        HostApplicationPtr app = application();
+        EXPECT_EQ(host().referencesHeld(), 1);
+        HostMenuGroupsPtr groups = app->GetMenuGroups();
+        HostMenuGroupPtr zorb = groups->Item(indexOf(VT_I4, 0));
+        HostMenuGroupPtr copy = zorb;
+        EXPECT_EQ(host().referencesHeld(), 4);
+        ISupportErrorInfo* support = nullptr;
+        ASSERT_EQ(zorb->QueryInterface(IID_ISupportErrorInfo, reinterpret_cast<void**>(&support)), S_OK);
+        EXPECT_EQ(support->InterfaceSupportsErrorInfo(__uuidof(HostMenuGroup)), S_OK);
+        EXPECT_EQ(support->InterfaceSupportsErrorInfo(__uuidof(HostToolbar)), S_FALSE);
+        EXPECT_EQ(host().referencesHeld(), 5);
+        support->Release();
+    }
+    EXPECT_EQ(host().referencesHeld(), 0);
+}
+
+TEST_F(References, AFailedCallGivesNoReference)
+{
+    HostMenuGroupsPtr groups = application()->GetMenuGroups();
+    failureOf([&] { groups->Item(indexOf(VT_I4, 9)); });
+    int somewhere = 0;
+    HostMenuGroup* none = reinterpret_cast<HostMenuGroup*>(&somewhere);  // cleared by the failed call
+    EXPECT_EQ(groups->raw_Item(indexOf(VT_I4, 9), &none), DISP_E_BADINDEX);
+    EXPECT_EQ(none, nullptr);
+    EXPECT_EQ(groups->raw_Item(indexOf(VT_I4, 0), nullptr), E_POINTER);
+    groups = nullptr;
+    EXPECT_EQ(host().referencesHeld(), 0);
+}
+
+TEST(HostLifetime, AnObjectThatOutlivesItsHostFailsInsteadOfCrashing)
+{
+    auto host = std::make_unique<sim::Host>();
+    HostMenuGroupPtr zorb = group(L"ZORB");
+    host.reset();
+    EXPECT_EQ(failureOf([&] { zorb->GetName(); }).Error(), E_UNEXPECTED);
+    EXPECT_EQ(zbedGetZorbWinApp(), nullptr);
+}
+
+TEST(HostLifetime, OnlyOneHostIsInstalledAtATime)
+{
+    sim::Host first;
+    EXPECT_THROW(sim::Host second, std::logic_error);
+    EXPECT_EQ(sim::Host::current(), &first);
+}

@@ -1,0 +1,86 @@
+// A simulated host installed for each test, reached the way the MX module reaches it.
+#pragma once
+
+#include "sim/host.h"
+
+#include "host/object_model.h"
+#include "host/sdk.h"
+#include "framework.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace sim_testing {
+
+// The framework object's dispatch, queried for the application and released: the way the MX
+// module reaches the host.
+inline HostApplicationPtr application()
+{
+    IDispatch* dispatch = zbedGetZorbWinApp()->GetIDispatch(TRUE);
+    HostApplication* application = nullptr;
+    dispatch->QueryInterface(__uuidof(HostApplication), reinterpret_cast<void**>(&application));
+    dispatch->Release();
+    return HostApplicationPtr(application, false);
+}
+
+inline HostMenuGroupPtr group(const wchar_t* name) { return application()->GetMenuGroups()->Item(_variant_t(name)); }
+
+inline HostMenuGroupPtr loadMx()
+{
+    return application()->GetMenuGroups()->LoadMenuFile(L"C:\\Program Files\\MX\\Support\\MX", _variant_t());
+}
+
+class SimTest : public ::testing::Test {
+protected:
+    SimTest() : m_host(sim::defaultHostState()) {}
+    explicit SimTest(sim::HostState state) : m_host(std::move(state)) {}
+
+    sim::Host& host() { return m_host; }
+    sim::HostState& state() { return m_host.state(); }
+
+private:
+    sim::Host m_host;
+};
+
+// The automation failure a call raises; a failing expectation when it raises none.
+template <class Call>
+_com_error failureOf(Call call)
+{
+    try {
+        call();
+    } catch (const _com_error& failure) {
+        return failure;
+    }
+    ADD_FAILURE() << "the call did not fail";
+    return _com_error(S_OK);
+}
+
+inline std::wstring descriptionOf(const _com_error& failure)
+{
+    const _bstr_t description = failure.Description();
+    return description.length() ? static_cast<const wchar_t*>(description) : L"";
+}
+
+// A variant of the given integer type.
+inline _variant_t indexOf(VARTYPE type, long value)
+{
+    _variant_t index;
+    V_VT(&index) = type;
+    if (type == VT_I2)
+        V_I2(&index) = static_cast<SHORT>(value);
+    else if (type == VT_INT)
+        V_INT(&index) = static_cast<INT>(value);
+    else
+        V_I4(&index) = value;
+    return index;
+}
+
+// The host's point form: an array of two doubles.
+inline _variant_t pointOf(double x, double y)
+{
+    ZbAxPoint2d point(x, y);
+    return _variant_t(point.asVariantPtr());
+}
+
+}  // namespace sim_testing
