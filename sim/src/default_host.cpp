@@ -26,23 +26,27 @@ HostState defaultHostState()
 
     const std::wstring zorb = L"C:\\Program Files\\Zorb 2026";
     const std::wstring roaming = L"C:\\Users\\mx\\AppData\\Roaming\\Zorb\\Zorb 2026\\R26.0\\enu";
-    state.preferences.supportPath = roaming + L"\\Support;" + zorb + L"\\Support;" + zorb + L"\\Fonts;" + zorb +
-                                    L"\\Help;" + zorb + L"\\Support\\Color";
+    state.preferences.supportPath = roaming + L"\\Support;" + zorb + L"\\Support;" + zorb + L"\\Fonts;" +
+                                    zorb + L"\\Help;" + zorb + L"\\Support\\Color";
     state.preferences.printerStyleSheetPath = roaming + L"\\Plotters\\Plot Styles";
-    state.preferences.templateDrawingFolder = L"C:\\Users\\mx\\AppData\\Local\\Zorb\\Zorb 2026\\R26.0\\enu\\Template";
+    state.preferences.templateDrawingFolder =
+        L"C:\\Users\\mx\\AppData\\Local\\Zorb\\Zorb 2026\\R26.0\\enu\\Template";
     state.preferences.drawingPath = L"C:\\Users\\mx\\Documents";
 
-    state.systemVariables = {{L"DWGCHECK", 1}, {L"FILEDIA", 1}, {L"CMDECHO", 1}, {L"OSMODE", 4133},
+    state.systemVariables = {{L"DWGCHECK", 1},  {L"FILEDIA", 1}, {L"CMDECHO", 1},       {L"OSMODE", 4133},
                              {L"PICKFIRST", 1}, {L"SDI", 0},     {L"BACKGROUNDPLOT", 2}};
 
     state.registryRootKey = L"Software\\Zorb\\Zorb2026\\Profile-MX";
     state.registryValues = {
         {L"", {{L"ZorbLocation", zorb}, {L"Language", L"enu"}}},
         {L"FixedProfile\\General",
-         {{L"LinetypeFile", L"zorb.lin"}, {L"HatchFile", L"zorb.pat"}, {L"MetricLinetypeFile", L"zorbiso.lin"},
+         {{L"LinetypeFile", L"zorb.lin"},
+          {L"HatchFile", L"zorb.pat"},
+          {L"MetricLinetypeFile", L"zorbiso.lin"},
           {L"MetricHatchFile", L"zorbiso.pat"}}},
     };
-    for (const wchar_t* file : {L"zorb.lin", L"zorbiso.lin", L"zorb.pat", L"zorbiso.pat", L"zorb.dwt", L"zorb.fmp"})
+    for (const wchar_t* file :
+         {L"zorb.lin", L"zorbiso.lin", L"zorb.pat", L"zorbiso.pat", L"zorb.dwt", L"zorb.fmp"})
         state.searchPathFiles[file] = zorb + L"\\Support\\" + file;
 
     state.mxSupportFolder = L"C:\\Program Files\\MX\\Support";

@@ -10,8 +10,9 @@ std::shared_ptr<PopupMenu> hostFileMenu()
     return menu(L"&File", L"ID_MnFile",
                 {command(L"&New...", L"^C^C_new", L"ID_New"), command(L"&Open...", L"^C^C_open", L"ID_Open"),
                  command(L"&Close", L"^C^C_close", L"ID_Close"), separator(),
-                 command(L"&Save", L"^C^C_qsave", L"ID_Save"), command(L"Save &As...", L"^C^C_saveas", L"ID_SaveAs"),
-                 separator(), command(L"Page Set&up...", L"^C^C_pagesetup", L"ID_PageSetup"),
+                 command(L"&Save", L"^C^C_qsave", L"ID_Save"),
+                 command(L"Save &As...", L"^C^C_saveas", L"ID_SaveAs"), separator(),
+                 command(L"Page Set&up...", L"^C^C_pagesetup", L"ID_PageSetup"),
                  command(L"&Plot...", L"^C^C_plot", L"ID_Plot"), separator(),
                  command(L"E&xit", L"^C^C_quit", L"ID_Exit")});
 }
@@ -19,8 +20,9 @@ std::shared_ptr<PopupMenu> hostFileMenu()
 std::shared_ptr<PopupMenu> hostEditMenu()
 {
     return menu(L"&Edit", L"ID_MnEdit",
-                {command(L"&Undo", L"^C^C_u", L"ID_Undo"), command(L"&Redo", L"^C^C_redo", L"ID_Redo"), separator(),
-                 command(L"Cu&t", L"^C^C_cutclip", L"ID_Cut"), command(L"&Copy", L"^C^C_copyclip", L"ID_Copy"),
+                {command(L"&Undo", L"^C^C_u", L"ID_Undo"), command(L"&Redo", L"^C^C_redo", L"ID_Redo"),
+                 separator(), command(L"Cu&t", L"^C^C_cutclip", L"ID_Cut"),
+                 command(L"&Copy", L"^C^C_copyclip", L"ID_Copy"),
                  command(L"&Paste", L"^C^C_pasteclip", L"ID_Paste"), separator(),
                  command(L"Select &All", L"^C^C_ai_selall", L"ID_SelectAll")});
 }
@@ -28,8 +30,8 @@ std::shared_ptr<PopupMenu> hostEditMenu()
 std::shared_ptr<PopupMenu> hostViewMenu()
 {
     return menu(L"&View", L"ID_MnView",
-                {command(L"&Redraw", L"'_redraw", L"ID_Redraw"), command(L"Re&generate", L"^C^C_regen", L"ID_Regen"),
-                 separator(),
+                {command(L"&Redraw", L"'_redraw", L"ID_Redraw"),
+                 command(L"Re&generate", L"^C^C_regen", L"ID_Regen"), separator(),
                  submenu(L"&Zoom", {command(L"&Window", L"'_zoom _w", L"ID_ZoomWindow"),
                                     command(L"&Previous", L"'_zoom _p", L"ID_ZoomPrevious"), separator(),
                                     command(L"&Extents", L"'_zoom _e", L"ID_ZoomExtents")}),
@@ -40,24 +42,26 @@ std::shared_ptr<PopupMenu> hostViewMenu()
 
 std::shared_ptr<PopupMenu> hostDrawMenu()
 {
-    return menu(L"&Draw", L"ID_MnDraw",
-                {command(L"&Line", L"^C^C_line", L"ID_Line"), command(L"&Polyline", L"^C^C_pline", L"ID_Pline"),
-                 command(L"Rectan&gle", L"^C^C_rectang", L"ID_Rectang"), separator(),
-                 submenu(L"&Circle", {command(L"Center, &Radius", L"^C^C_circle", L"ID_CircleRad"),
-                                      command(L"&2 Points", L"^C^C_circle _2p", L"ID_Circle2pt")}),
-                 command(L"&Arc", L"^C^C_arc", L"ID_Arc"), separator(),
-                 command(L"&Hatch...", L"^C^C_hatch", L"ID_Hatch"), command(L"Te&xt", L"^C^C_mtext", L"ID_Mtext")});
+    return menu(
+        L"&Draw", L"ID_MnDraw",
+        {command(L"&Line", L"^C^C_line", L"ID_Line"), command(L"&Polyline", L"^C^C_pline", L"ID_Pline"),
+         command(L"Rectan&gle", L"^C^C_rectang", L"ID_Rectang"), separator(),
+         submenu(L"&Circle", {command(L"Center, &Radius", L"^C^C_circle", L"ID_CircleRad"),
+                              command(L"&2 Points", L"^C^C_circle _2p", L"ID_Circle2pt")}),
+         command(L"&Arc", L"^C^C_arc", L"ID_Arc"), separator(),
+         command(L"&Hatch...", L"^C^C_hatch", L"ID_Hatch"), command(L"Te&xt", L"^C^C_mtext", L"ID_Mtext")});
 }
 
 std::shared_ptr<PopupMenu> hostModifyMenu()
 {
-    return menu(L"&Modify", L"ID_MnModify",
-                {command(L"&Erase", L"^C^C_erase", L"ID_Erase"), command(L"&Copy", L"^C^C_copy", L"ID_CopyObj"),
-                 command(L"&Mirror", L"^C^C_mirror", L"ID_Mirror"), command(L"&Offset", L"^C^C_offset", L"ID_Offset"),
-                 separator(), command(L"Mo&ve", L"^C^C_move", L"ID_Move"),
-                 command(L"&Rotate", L"^C^C_rotate", L"ID_Rotate"), command(L"Sc&ale", L"^C^C_scale", L"ID_Scale"),
-                 separator(), command(L"&Trim", L"^C^C_trim", L"ID_Trim"),
-                 command(L"E&xtend", L"^C^C_extend", L"ID_Extend")});
+    return menu(
+        L"&Modify", L"ID_MnModify",
+        {command(L"&Erase", L"^C^C_erase", L"ID_Erase"), command(L"&Copy", L"^C^C_copy", L"ID_CopyObj"),
+         command(L"&Mirror", L"^C^C_mirror", L"ID_Mirror"), command(L"&Offset", L"^C^C_offset", L"ID_Offset"),
+         separator(), command(L"Mo&ve", L"^C^C_move", L"ID_Move"),
+         command(L"&Rotate", L"^C^C_rotate", L"ID_Rotate"), command(L"Sc&ale", L"^C^C_scale", L"ID_Scale"),
+         separator(), command(L"&Trim", L"^C^C_trim", L"ID_Trim"),
+         command(L"E&xtend", L"^C^C_extend", L"ID_Extend")});
 }
 
 std::shared_ptr<PopupMenu> hostHelpMenu()
@@ -71,11 +75,13 @@ std::shared_ptr<PopupMenu> hostHelpMenu()
 std::shared_ptr<PopupMenu> hostSnapMenu()
 {
     return menu(L"Object Snap Cursor Menu", L"POP0",
-                {command(L"Temporary trac&k point", L"_tt", L"ID_TrackPoint"), command(L"&From", L"_from", L"ID_From"),
-                 separator(), command(L"&Endpoint", L"_endp", L"ID_OsnapEndpoint"),
+                {command(L"Temporary trac&k point", L"_tt", L"ID_TrackPoint"),
+                 command(L"&From", L"_from", L"ID_From"), separator(),
+                 command(L"&Endpoint", L"_endp", L"ID_OsnapEndpoint"),
                  command(L"&Midpoint", L"_mid", L"ID_OsnapMidpoint"),
                  command(L"&Intersection", L"_int", L"ID_OsnapIntersection"),
-                 command(L"&Center", L"_cen", L"ID_OsnapCenter"), command(L"&Quadrant", L"_qua", L"ID_OsnapQuadrant"),
+                 command(L"&Center", L"_cen", L"ID_OsnapCenter"),
+                 command(L"&Quadrant", L"_qua", L"ID_OsnapQuadrant"),
                  command(L"&Perpendicular", L"_per", L"ID_OsnapPerpendicular"),
                  command(L"Nea&rest", L"_nea", L"ID_OsnapNearest"), separator(),
                  command(L"&None", L"_non", L"ID_OsnapNone"), separator(),
@@ -88,9 +94,10 @@ std::shared_ptr<MenuGroup> hostMenuGroup()
 {
     auto group = std::make_shared<MenuGroup>();
     group->name = L"ZORB";
-    group->menus = {hostFileMenu(), hostEditMenu(), hostViewMenu(), hostDrawMenu(), hostModifyMenu(), hostHelpMenu(),
-                    hostSnapMenu()};
-    auto zoom = button(L"Zoom Window", L"ID_TbZoomWindow", L"'_zoom _w", L"Zooms to a window", L"RCDATA_ZOOMWIN");
+    group->menus = {hostFileMenu(),   hostEditMenu(), hostViewMenu(), hostDrawMenu(),
+                    hostModifyMenu(), hostHelpMenu(), hostSnapMenu()};
+    auto zoom =
+        button(L"Zoom Window", L"ID_TbZoomWindow", L"'_zoom _w", L"Zooms to a window", L"RCDATA_ZOOMWIN");
     zoom->flyout = std::make_pair(std::wstring(L"ZORB"), std::wstring(L"TB_ZOOM"));
     group->toolbars = {
         toolbar(L"Standard", L"TB_STANDARD", {true, 0, 0, 0, 1},
@@ -101,23 +108,27 @@ std::shared_ptr<MenuGroup> hostMenuGroup()
                  button(L"Undo", L"ID_TbUndo", L"^C^C_u", L"Undoes the last action", L"RCDATA_UNDO"),
                  button(L"Redo", L"ID_TbRedo", L"^C^C_redo", L"Redoes the last undo", L"RCDATA_REDO"),
                  button(L"Pan", L"ID_TbPan", L"'_pan", L"Moves the view", L"RCDATA_PAN"), zoom}),
-        toolbar(L"Draw", L"TB_DRAW", {true, 2, 0, 0, 1},
-                {button(L"Line", L"ID_TbLine", L"^C^C_line", L"Draws lines", L"RCDATA_LINE"),
-                 button(L"Polyline", L"ID_TbPline", L"^C^C_pline", L"Draws a polyline", L"RCDATA_PLINE"),
-                 button(L"Rectangle", L"ID_TbRectang", L"^C^C_rectang", L"Draws a rectangle", L"RCDATA_RECTANG"),
-                 button(L"Circle", L"ID_TbCircle", L"^C^C_circle", L"Draws a circle", L"RCDATA_CIRCLE"),
-                 button(L"Arc", L"ID_TbArc", L"^C^C_arc", L"Draws an arc", L"RCDATA_ARC"),
-                 button(L"Hatch", L"ID_TbHatch", L"^C^C_hatch", L"Fills an area with a pattern", L"RCDATA_HATCH")}),
+        toolbar(
+            L"Draw", L"TB_DRAW", {true, 2, 0, 0, 1},
+            {button(L"Line", L"ID_TbLine", L"^C^C_line", L"Draws lines", L"RCDATA_LINE"),
+             button(L"Polyline", L"ID_TbPline", L"^C^C_pline", L"Draws a polyline", L"RCDATA_PLINE"),
+             button(L"Rectangle", L"ID_TbRectang", L"^C^C_rectang", L"Draws a rectangle", L"RCDATA_RECTANG"),
+             button(L"Circle", L"ID_TbCircle", L"^C^C_circle", L"Draws a circle", L"RCDATA_CIRCLE"),
+             button(L"Arc", L"ID_TbArc", L"^C^C_arc", L"Draws an arc", L"RCDATA_ARC"),
+             button(L"Hatch", L"ID_TbHatch", L"^C^C_hatch", L"Fills an area with a pattern",
+                    L"RCDATA_HATCH")}),
         toolbar(L"Modify", L"TB_MODIFY", {true, 3, 0, 0, 1},
                 {button(L"Erase", L"ID_TbErase", L"^C^C_erase", L"Removes objects", L"RCDATA_ERASE"),
                  button(L"Copy", L"ID_TbCopy", L"^C^C_copy", L"Copies objects", L"RCDATA_COPY"),
                  button(L"Move", L"ID_TbMove", L"^C^C_move", L"Moves objects", L"RCDATA_MOVE"),
                  button(L"Rotate", L"ID_TbRotate", L"^C^C_rotate", L"Rotates objects", L"RCDATA_ROTATE"),
                  button(L"Trim", L"ID_TbTrim", L"^C^C_trim", L"Trims objects", L"RCDATA_TRIM")}),
-        toolbar(L"Zoom", L"TB_ZOOM", {false, kDockFloating, 420, 310, 1},
-                {button(L"Zoom Window", L"ID_TbZoomWin", L"'_zoom _w", L"Zooms to a window", L"RCDATA_ZOOMWIN"),
-                 button(L"Zoom Previous", L"ID_TbZoomPrev", L"'_zoom _p", L"Zooms back", L"RCDATA_ZOOMPREV"),
-                 button(L"Zoom Extents", L"ID_TbZoomExt", L"'_zoom _e", L"Zooms to the drawing", L"RCDATA_ZOOMEXT")}),
+        toolbar(
+            L"Zoom", L"TB_ZOOM", {false, kDockFloating, 420, 310, 1},
+            {button(L"Zoom Window", L"ID_TbZoomWin", L"'_zoom _w", L"Zooms to a window", L"RCDATA_ZOOMWIN"),
+             button(L"Zoom Previous", L"ID_TbZoomPrev", L"'_zoom _p", L"Zooms back", L"RCDATA_ZOOMPREV"),
+             button(L"Zoom Extents", L"ID_TbZoomExt", L"'_zoom _e", L"Zooms to the drawing",
+                    L"RCDATA_ZOOMEXT")}),
         toolbar(L"Object Snap", L"TB_OBJECT_SNAP", {false, kDockFloating, 640, 260, 2},
                 {button(L"Endpoint", L"ID_TbOsEnd", L"_endp", L"Snaps to endpoints", L"RCDATA_OSEND"),
                  button(L"Midpoint", L"ID_TbOsMid", L"_mid", L"Snaps to midpoints", L"RCDATA_OSMID"),
@@ -135,14 +146,17 @@ std::shared_ptr<MenuGroup> mxMenuGroup()
     group->name = L"MX";
     group->menus = {
         menu(L"MX Object Snap", L"PM_0001",
-             {command(L"&Endpoint", L"_endp", L"ID_MxSnapEnd"), command(L"&Midpoint", L"_mid", L"ID_MxSnapMid"),
+             {command(L"&Endpoint", L"_endp", L"ID_MxSnapEnd"),
+              command(L"&Midpoint", L"_mid", L"ID_MxSnapMid"),
               command(L"&Intersection", L"_int", L"ID_MxSnapInt"), separator(),
-              command(L"&Center", L"_cen", L"ID_MxSnapCen"), command(L"&Perpendicular", L"_per", L"ID_MxSnapPer"),
+              command(L"&Center", L"_cen", L"ID_MxSnapCen"),
+              command(L"&Perpendicular", L"_per", L"ID_MxSnapPer"),
               command(L"Nea&rest", L"_nea", L"ID_MxSnapNea"), separator(),
               command(L"&None", L"_non", L"ID_MxSnapNone"),
               command(L"&Osnap Settings...", L"'_+dsettings _2", L"ID_MxSnapSettings")}),
         menu(L"M&X", L"PM_MX_MAIN",
-             {command(L"&Beams...", L"^C^C_MXBEAM", L"ID_MxBeam"), command(L"&Columns...", L"^C^C_MXCOLUMN", L"ID_MxColumn"),
+             {command(L"&Beams...", L"^C^C_MXBEAM", L"ID_MxBeam"),
+              command(L"&Columns...", L"^C^C_MXCOLUMN", L"ID_MxColumn"),
               command(L"&Plates...", L"^C^C_MXPLATE", L"ID_MxPlate"), separator(),
               submenu(L"C&onnections", {command(L"&Base Plate...", L"^C^C_MXBASEPLATE", L"ID_MxBasePlate"),
                                         command(L"&End Plate...", L"^C^C_MXENDPLATE", L"ID_MxEndPlate"),
@@ -152,8 +166,9 @@ std::shared_ptr<MenuGroup> mxMenuGroup()
                                      command(L"&Bill of Materials", L"^C^C_MXBOM", L"ID_MxBom")}),
               separator(), command(L"S&ettings...", L"^C^C_MXSETTINGS", L"ID_MxSettings")}),
         menu(L"MX &Model", L"PM_MX_MODEL",
-             {command(L"&Grids...", L"^C^C_MXGRID", L"ID_MxGrid"), command(L"&Levels...", L"^C^C_MXLEVEL", L"ID_MxLevel"),
-              separator(), command(L"&Check Model", L"^C^C_MXCHECK", L"ID_MxCheck")}),
+             {command(L"&Grids...", L"^C^C_MXGRID", L"ID_MxGrid"),
+              command(L"&Levels...", L"^C^C_MXLEVEL", L"ID_MxLevel"), separator(),
+              command(L"&Check Model", L"^C^C_MXCHECK", L"ID_MxCheck")}),
     };
     group->toolbars = {
         toolbar(L"MX Main", L"TB_MX_MAIN", {true, 0, 0, 0, 1},
@@ -170,7 +185,8 @@ std::shared_ptr<MenuGroup> mxMenuGroup()
         toolbar(L"MX Connections", L"TB_MX_CONNECTIONS", {false, kDockFloating, 620, 240, 2},
                 {button(L"Base Plate", L"ID_MX_BASEPLATE", L"^C^C_MXBASEPLATE", L"Designs a base plate",
                         L"MX_BASEPLATE"),
-                 button(L"End Plate", L"ID_MX_ENDPLATE", L"^C^C_MXENDPLATE", L"Designs an end plate", L"MX_ENDPLATE"),
+                 button(L"End Plate", L"ID_MX_ENDPLATE", L"^C^C_MXENDPLATE", L"Designs an end plate",
+                        L"MX_ENDPLATE"),
                  button(L"Splice", L"ID_MX_SPLICE", L"^C^C_MXSPLICE", L"Designs a splice", L"MX_SPLICE")}),
     };
     return group;
@@ -184,9 +200,10 @@ std::shared_ptr<MenuGroup> mxToolsMenuGroup()
                          {command(L"&Numbering...", L"^C^C_MXNUMBER", L"ID_MxNumber"),
                           command(L"&Clash Check", L"^C^C_MXCLASH", L"ID_MxClash"), separator(),
                           command(L"&Export IFC...", L"^C^C_MXIFCOUT", L"ID_MxIfcOut")})};
-    group->toolbars = {toolbar(L"MX Tools", L"TB_MXTOOLS", {true, kDockFloating, 880, 180, 1},
-                               {button(L"Numbering", L"ID_MX_NUMBER", L"^C^C_MXNUMBER", L"Numbers parts", L"MX_NUMBER"),
-                                button(L"Clash Check", L"ID_MX_CLASH", L"^C^C_MXCLASH", L"Finds clashes", L"MX_CLASH")})};
+    group->toolbars = {
+        toolbar(L"MX Tools", L"TB_MXTOOLS", {true, kDockFloating, 880, 180, 1},
+                {button(L"Numbering", L"ID_MX_NUMBER", L"^C^C_MXNUMBER", L"Numbers parts", L"MX_NUMBER"),
+                 button(L"Clash Check", L"ID_MX_CLASH", L"^C^C_MXCLASH", L"Finds clashes", L"MX_CLASH")})};
     return group;
 }
 

@@ -15,7 +15,8 @@ detail::Installation* g_installation = nullptr;
 void checkFault(const Fault& fault)
 {
     if (fault.nth < 0)
-        throw std::invalid_argument("a fault counts calls from 1 (0 for every call), not " + std::to_string(fault.nth));
+        throw std::invalid_argument("a fault counts calls from 1 (0 for every call), not " +
+                                    std::to_string(fault.nth));
     if (fault.kind == FaultKind::failCall && SUCCEEDED(fault.status))
         throw std::invalid_argument("a failCall fault needs a failing status");
     if ((fault.kind == FaultKind::failCall || fault.kind == FaultKind::nullObject) && fault.method.empty())
@@ -24,7 +25,8 @@ void checkFault(const Fault& fault)
         if (!canFailStringAllocation())
             throw std::logic_error("string allocation faults need the portable automation runtime");
         if (fault.nth == 0)
-            throw std::invalid_argument("a string allocation fault names which allocation fails (nth from 1)");
+            throw std::invalid_argument(
+                "a string allocation fault names which allocation fails (nth from 1)");
     }
 }
 

@@ -13,9 +13,9 @@ struct HostCore {
 
     HostState state;
     Journal journal;
-    bool installed = true;      // false once the Host was destroyed
-    long references = 0;        // on all host objects of this host
-    long hostReferences = 0;    // of those, the ones the host itself keeps (the framework object's)
+    bool installed = true;    // false once the Host was destroyed
+    long references = 0;      // on all host objects of this host
+    long hostReferences = 0;  // of those, the ones the host itself keeps (the framework object's)
 };
 
 }  // namespace sim::detail

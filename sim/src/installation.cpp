@@ -17,9 +17,7 @@ const wchar_t* HostServices::getUserRegistryProductRootKey() const
 }
 
 Installation::Installation(HostState state)
-    : m_core(std::make_shared<HostCore>(std::move(state))),
-      m_framework(m_core),
-      m_services(*m_core),
+    : m_core(std::make_shared<HostCore>(std::move(state))), m_framework(m_core), m_services(*m_core),
       m_previousSupportFolder(MXSettings::getInstance()->getPathSupport())
 {
     syncEnvironment();

@@ -106,7 +106,8 @@ bool JsonReader::boolean() const
 
 long long JsonReader::integer(long long lowest, long long highest) const
 {
-    const std::string range = "a whole number from " + std::to_string(lowest) + " to " + std::to_string(highest);
+    const std::string range =
+        "a whole number from " + std::to_string(lowest) + " to " + std::to_string(highest);
     if (!m_value->is_number_integer())
         expected(range);
     if (m_value->is_number_unsigned()) {

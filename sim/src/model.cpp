@@ -10,7 +10,8 @@ namespace sim {
 namespace {
 
 template <class Node, class Same>
-bool sameNodes(const std::vector<std::shared_ptr<Node>>& a, const std::vector<std::shared_ptr<Node>>& b, Same same)
+bool sameNodes(const std::vector<std::shared_ptr<Node>>& a, const std::vector<std::shared_ptr<Node>>& b,
+               Same same)
 {
     if (a.size() != b.size())
         return false;
@@ -18,7 +19,8 @@ bool sameNodes(const std::vector<std::shared_ptr<Node>>& a, const std::vector<st
         if (!a[i] || !b[i]) {
             if (a[i] || b[i])
                 return false;
-        } else if (!same(*a[i], *b[i])) {
+        }
+        else if (!same(*a[i], *b[i])) {
             return false;
         }
     }
@@ -40,7 +42,8 @@ bool sameMenu(const PopupMenu& a, const PopupMenu& b);
 
 bool sameItem(const PopupMenuItem& a, const PopupMenuItem& b)
 {
-    if (a.type != b.type || a.label != b.label || a.macro != b.macro || a.tag != b.tag || a.enabled != b.enabled)
+    if (a.type != b.type || a.label != b.label || a.macro != b.macro || a.tag != b.tag ||
+        a.enabled != b.enabled)
         return false;
     if (!a.subMenu || !b.subMenu)
         return !a.subMenu && !b.subMenu;
@@ -67,15 +70,16 @@ bool sameToolbar(const Toolbar& a, const Toolbar& b)
 
 bool sameGroup(const MenuGroup& a, const MenuGroup& b)
 {
-    return a.name == b.name && sameNodes(a.menus, b.menus, sameMenu) && sameNodes(a.toolbars, b.toolbars, sameToolbar);
+    return a.name == b.name && sameNodes(a.menus, b.menus, sameMenu) &&
+           sameNodes(a.toolbars, b.toolbars, sameToolbar);
 }
 
 bool sameWindow(const std::optional<PlotWindow>& a, const std::optional<PlotWindow>& b)
 {
     if (!a || !b)
         return !a && !b;
-    return a->lowerLeftX == b->lowerLeftX && a->lowerLeftY == b->lowerLeftY && a->upperRightX == b->upperRightX &&
-           a->upperRightY == b->upperRightY;
+    return a->lowerLeftX == b->lowerLeftX && a->lowerLeftY == b->lowerLeftY &&
+           a->upperRightX == b->upperRightX && a->upperRightY == b->upperRightY;
 }
 
 bool sameDocument(const Document& a, const Document& b)
@@ -86,7 +90,8 @@ bool sameDocument(const Document& a, const Document& b)
         return false;
     if (!a.activeLayout || !b.activeLayout)
         return !a.activeLayout && !b.activeLayout;
-    return a.activeLayout->name == b.activeLayout->name && a.activeLayout->plotType == b.activeLayout->plotType &&
+    return a.activeLayout->name == b.activeLayout->name &&
+           a.activeLayout->plotType == b.activeLayout->plotType &&
            sameWindow(a.activeLayout->window, b.activeLayout->window);
 }
 
@@ -102,8 +107,7 @@ bool sameZoom(const ZoomRequest& a, const ZoomRequest& b)
            a.upperRightY == b.upperRightY;
 }
 
-template <class T, class Same>
-bool sameValues(const std::vector<T>& a, const std::vector<T>& b, Same same)
+template <class T, class Same> bool sameValues(const std::vector<T>& a, const std::vector<T>& b, Same same)
 {
     if (a.size() != b.size())
         return false;
@@ -167,7 +171,8 @@ bool sameMenuFiles(const HostState& a, const HostState& b)
 {
     if (a.menuFiles.size() != b.menuFiles.size())
         return false;
-    for (auto left = a.menuFiles.begin(), right = b.menuFiles.begin(); left != a.menuFiles.end(); ++left, ++right) {
+    for (auto left = a.menuFiles.begin(), right = b.menuFiles.begin(); left != a.menuFiles.end();
+         ++left, ++right) {
         if (left->first != right->first || !left->second != !right->second)
             return false;
         if (left->second && !sameGroup(*left->second, *right->second))
@@ -201,8 +206,8 @@ std::shared_ptr<PopupMenu> copyMenu(const PopupMenu& menu)
 std::shared_ptr<Toolbar> copyToolbar(const Toolbar& toolbar)
 {
     auto copy = std::make_shared<Toolbar>(toolbar);
-    copy->buttons = copyNodes(toolbar.buttons,
-                              [](const ToolbarButton& button) { return std::make_shared<ToolbarButton>(button); });
+    copy->buttons = copyNodes(
+        toolbar.buttons, [](const ToolbarButton& button) { return std::make_shared<ToolbarButton>(button); });
     return copy;
 }
 
@@ -241,15 +246,16 @@ bool operator==(const HostState& a, const HostState& b)
            a.preferences.templateDrawingFolder == b.preferences.templateDrawingFolder &&
            a.preferences.drawingPath == b.preferences.drawingPath && a.systemVariables == b.systemVariables &&
            a.registryRootKey == b.registryRootKey && a.registryValues == b.registryValues &&
-           a.searchPathFiles == b.searchPathFiles && sameMenuFiles(a, b) && a.mxSupportFolder == b.mxSupportFolder &&
-           a.faults == b.faults;
+           a.searchPathFiles == b.searchPathFiles && sameMenuFiles(a, b) &&
+           a.mxSupportFolder == b.mxSupportFolder && a.faults == b.faults;
 }
 
 HostState clone(const HostState& state)
 {
     HostState copy;
     MenuCopies menuCopies;
-    copy.menuGroups = copyNodes(state.menuGroups, [&](const MenuGroup& group) { return copyGroup(group, &menuCopies); });
+    copy.menuGroups =
+        copyNodes(state.menuGroups, [&](const MenuGroup& group) { return copyGroup(group, &menuCopies); });
     for (const auto& menu : state.menuBar) {
         const auto found = menu ? menuCopies.find(menu.get()) : menuCopies.end();
         copy.menuBar.push_back(found != menuCopies.end() ? found->second : menu ? copyMenu(*menu) : nullptr);

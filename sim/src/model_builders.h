@@ -69,7 +69,8 @@ struct Placement {
     long floatingRows;
 };
 
-inline std::shared_ptr<Toolbar> toolbar(std::wstring name, std::wstring tag, Placement placement, Buttons buttons)
+inline std::shared_ptr<Toolbar> toolbar(std::wstring name, std::wstring tag, Placement placement,
+                                        Buttons buttons)
 {
     auto built = std::make_shared<Toolbar>();
     built->name = std::move(name);

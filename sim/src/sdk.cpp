@@ -38,13 +38,16 @@ Arg describeResult(const resbuf* value, VARIANT& scratch)
     if (value == nullptr)
         return Arg::pointer(L"null");
     switch (value->restype) {
-    case kZbShortValue: return Arg::shortNumber(value->resval.rint);
+    case kZbShortValue:
+        return Arg::shortNumber(value->resval.rint);
     case kZbRealValue:
         V_VT(&scratch) = VT_R8;
         V_R8(&scratch) = value->resval.rreal;
         return Arg::variant(scratch);
-    case kZbTextValue: return Arg::sdkText(value->resval.rstring);
-    default: return Arg::pointer(L"a value of unknown type");
+    case kZbTextValue:
+        return Arg::sdkText(value->resval.rstring);
+    default:
+        return Arg::pointer(L"a value of unknown type");
     }
 }
 
@@ -92,7 +95,8 @@ int zbedSetVar(const wchar_t* name, const resbuf* value)
     if (host == nullptr)
         return kZbError;
     VARIANT scratch;
-    Call call(host->core(), sdkSubject(), "sdk.zbedSetVar", {Arg::sdkText(name), describeResult(value, scratch)});
+    Call call(host->core(), sdkSubject(), "sdk.zbedSetVar",
+              {Arg::sdkText(name), describeResult(value, scratch)});
     if (call.refused())
         return kZbError;
     short* variable = name != nullptr ? findVariable(call.state(), name) : nullptr;
@@ -117,7 +121,8 @@ int zbedFindFile(const wchar_t* fileName, ZbString& found)
     const std::wstring wanted = fileName != nullptr ? fileName : L"";
     const std::wstring* path = nullptr;
     for (const auto& [name, fullPath] : call.state().searchPathFiles) {
-        if (!wanted.empty() && (sim::text::equalNoCase(name, wanted) || sim::text::samePath(fullPath, wanted))) {
+        if (!wanted.empty() &&
+            (sim::text::equalNoCase(name, wanted) || sim::text::samePath(fullPath, wanted))) {
             path = &fullPath;
             break;
         }
@@ -138,7 +143,9 @@ void zbHeapFree(void* block)
     if (host == nullptr)
         return;
     Call call(host->core(), sdkSubject(), "sdk.zbHeapFree",
-              {Arg::pointer(block == nullptr ? L"null" : freed ? L"host buffer" : L"unknown block")});
+              {Arg::pointer(block == nullptr ? L"null"
+                            : freed          ? L"host buffer"
+                                             : L"unknown block")});
     if (call.refused())
         return;
     if (freed)

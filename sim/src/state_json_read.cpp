@@ -11,8 +11,8 @@
 #include <climits>
 #include <cstdint>
 #include <fstream>
-#include <tuple>
 #include <sstream>
+#include <tuple>
 
 namespace sim {
 namespace {
@@ -66,7 +66,8 @@ std::vector<std::shared_ptr<Node>> readNodes(const JsonReader& array, Read read)
 }
 
 template <class Node, class Read>
-void readNodesMember(const JsonReader& object, const char* name, std::vector<std::shared_ptr<Node>>& target, Read read)
+void readNodesMember(const JsonReader& object, const char* name, std::vector<std::shared_ptr<Node>>& target,
+                     Read read)
 {
     readMember(object, name, target, [&](const JsonReader& array) { return readNodes<Node>(array, read); });
 }
@@ -81,7 +82,8 @@ PopupMenuItem readItem(const JsonReader& in)
         if (value.isText()) {
             if (const auto type = detail::itemTypeNamed(text::toUtf8(value.text())))
                 return *type;
-        } else if (!value.isObject() && !value.isNull()) {
+        }
+        else if (!value.isObject() && !value.isNull()) {
             return static_cast<ItemType>(value.integer(0, 2));
         }
         value.expected("an item type: \"command\", \"separator\", \"submenu\" (or 0, 1, 2)");
@@ -250,9 +252,12 @@ Fault readFault(const JsonReader& in)
         value.expected("a fault kind: failCall, nullObject, noFrameworkObject, noDispatch, "
                        "refuseApplicationInterface, failStringAllocation");
     });
-    readMember(in, "method", fault.method, [](const JsonReader& value) { return text::toUtf8(value.text()); });
-    readMember(in, "object", fault.object, [](const JsonReader& value) { return text::toUtf8(value.text()); });
-    readMember(in, "nth", fault.nth, [](const JsonReader& value) { return static_cast<int>(value.integer(0, INT_MAX)); });
+    readMember(in, "method", fault.method,
+               [](const JsonReader& value) { return text::toUtf8(value.text()); });
+    readMember(in, "object", fault.object,
+               [](const JsonReader& value) { return text::toUtf8(value.text()); });
+    readMember(in, "nth", fault.nth,
+               [](const JsonReader& value) { return static_cast<int>(value.integer(0, INT_MAX)); });
     readMember(in, "status", fault.status, readStatus);
     readMember(in, "matchingCallsSeen", fault.matchingCallsSeen,
                [](const JsonReader& value) { return static_cast<int>(value.integer(0, INT_MAX)); });
@@ -317,7 +322,8 @@ std::shared_ptr<PopupMenu> readMenuBarEntry(const HostState& state, const JsonRe
     }
     const long long position = menu->integer(0, kLongHighest);
     if (position >= static_cast<long long>(group->menus.size()) || !group->menus[position])
-        menu->fail("menu group '" + text::toUtf8(group->name) + "' has no menu at index " + std::to_string(position));
+        menu->fail("menu group '" + text::toUtf8(group->name) + "' has no menu at index " +
+                   std::to_string(position));
     return group->menus[position];
 }
 
@@ -333,8 +339,7 @@ std::shared_ptr<Document> readActiveDocument(const HostState& state, const JsonR
     return state.documents[position];
 }
 
-template <class Value, class Read>
-std::map<std::wstring, Value> readMap(const JsonReader& in, Read read)
+template <class Value, class Read> std::map<std::wstring, Value> readMap(const JsonReader& in, Read read)
 {
     std::map<std::wstring, Value> values;
     for (const auto& [name, value] : in.members())
@@ -370,14 +375,17 @@ HostState readState(const JsonReader& in)
         return zooms;
     });
     if (const auto preferences = in.member("preferences")) {
-        preferences->expectObject({"supportPath", "printerStyleSheetPath", "templateDrawingFolder", "drawingPath"});
+        preferences->expectObject(
+            {"supportPath", "printerStyleSheetPath", "templateDrawingFolder", "drawingPath"});
         readText(*preferences, "supportPath", state.preferences.supportPath);
         readText(*preferences, "printerStyleSheetPath", state.preferences.printerStyleSheetPath);
         readText(*preferences, "templateDrawingFolder", state.preferences.templateDrawingFolder);
         readText(*preferences, "drawingPath", state.preferences.drawingPath);
     }
     readMember(in, "systemVariables", state.systemVariables, [](const JsonReader& object) {
-        return readMap<short>(object, [](const JsonReader& value) { return static_cast<short>(value.integer(SHRT_MIN, SHRT_MAX)); });
+        return readMap<short>(object, [](const JsonReader& value) {
+            return static_cast<short>(value.integer(SHRT_MIN, SHRT_MAX));
+        });
     });
     if (const auto registry = in.member("registry")) {
         registry->expectObject({"rootKey", "values"});
@@ -412,7 +420,8 @@ std::pair<size_t, size_t> lineAndColumn(const std::string& text, size_t byte)
         if (c == '\n') {
             ++line;
             column = 1;
-        } else if ((c & 0xC0) != 0x80) {
+        }
+        else if ((c & 0xC0) != 0x80) {
             ++column;
         }
     }
@@ -432,7 +441,10 @@ std::string parseMessage(const nlohmann::json::parse_error& error)
 
 HostState stateFromJson(const nlohmann::json& document) { return readState(JsonReader(document, "")); }
 
-std::vector<Fault> faultsFromJson(const nlohmann::json& document) { return readFaults(JsonReader(document, "")); }
+std::vector<Fault> faultsFromJson(const nlohmann::json& document)
+{
+    return readFaults(JsonReader(document, ""));
+}
 
 HostState loadStateFile(const std::string& path)
 {
@@ -445,13 +457,16 @@ HostState loadStateFile(const std::string& path)
     nlohmann::json document;
     try {
         document = nlohmann::json::parse(text, nullptr, true, true);
-    } catch (const nlohmann::json::parse_error& error) {
+    }
+    catch (const nlohmann::json::parse_error& error) {
         const auto [line, column] = lineAndColumn(text, error.byte);
-        throw StateError(path + ":" + std::to_string(line) + ":" + std::to_string(column) + ": " + parseMessage(error));
+        throw StateError(path + ":" + std::to_string(line) + ":" + std::to_string(column) + ": " +
+                         parseMessage(error));
     }
     try {
         return stateFromJson(document);
-    } catch (const StateError& error) {
+    }
+    catch (const StateError& error) {
         throw StateError(path + ": " + error.what());
     }
 }

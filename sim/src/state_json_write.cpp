@@ -20,8 +20,7 @@ json textsOf(const std::vector<std::wstring>& values)
     return array;
 }
 
-template <class Node, class Write>
-json nodesOf(const std::vector<std::shared_ptr<Node>>& nodes, Write write)
+template <class Node, class Write> json nodesOf(const std::vector<std::shared_ptr<Node>>& nodes, Write write)
 {
     json array = json::array();
     for (const auto& node : nodes)
@@ -57,11 +56,15 @@ json menuOf(const PopupMenu& menu)
 
 json buttonOf(const ToolbarButton& button)
 {
-    json out = {{"name", textOf(button.name)},          {"tag", textOf(button.tag)},
-                {"macro", textOf(button.macro)},        {"helpString", textOf(button.helpString)},
-                {"smallBitmap", textOf(button.smallBitmap)}, {"largeBitmap", textOf(button.largeBitmap)}};
+    json out = {{"name", textOf(button.name)},
+                {"tag", textOf(button.tag)},
+                {"macro", textOf(button.macro)},
+                {"helpString", textOf(button.helpString)},
+                {"smallBitmap", textOf(button.smallBitmap)},
+                {"largeBitmap", textOf(button.largeBitmap)}};
     if (button.flyout)
-        out["flyout"] = {{"menuGroup", textOf(button.flyout->first)}, {"toolbar", textOf(button.flyout->second)}};
+        out["flyout"] = {{"menuGroup", textOf(button.flyout->first)},
+                         {"toolbar", textOf(button.flyout->second)}};
     return out;
 }
 
@@ -110,12 +113,9 @@ json documentOf(const Document& document)
 
 json plotJobOf(const PlotJob& job)
 {
-    return {{"document", textOf(job.document)},
-            {"device", job.device ? textOf(*job.device) : json(nullptr)},
-            {"layouts", textsOf(job.layouts)},
-            {"numberOfCopies", job.numberOfCopies},
-            {"plotType", job.plotType},
-            {"window", windowOf(job.window)}};
+    return {{"document", textOf(job.document)}, {"device", job.device ? textOf(*job.device) : json(nullptr)},
+            {"layouts", textsOf(job.layouts)},  {"numberOfCopies", job.numberOfCopies},
+            {"plotType", job.plotType},         {"window", windowOf(job.window)}};
 }
 
 json faultOf(const Fault& fault)
@@ -160,8 +160,7 @@ json activeDocumentOf(const HostState& state)
     return documentOf(*state.activeDocument);  // a drawing outside the collection
 }
 
-template <class Map, class Write>
-json mapOf(const Map& values, Write write)
+template <class Map, class Write> json mapOf(const Map& values, Write write)
 {
     json object = json::object();
     for (const auto& [name, value] : values)
@@ -181,7 +180,8 @@ nlohmann::json stateToJson(const HostState& state)
         plotJobs.push_back(plotJobOf(job));
     json zooms = json::array();
     for (const ZoomRequest& zoom : state.zoomRequests)
-        zooms.push_back(windowOf(PlotWindow{zoom.lowerLeftX, zoom.lowerLeftY, zoom.upperRightX, zoom.upperRightY}));
+        zooms.push_back(
+            windowOf(PlotWindow{zoom.lowerLeftX, zoom.lowerLeftY, zoom.upperRightX, zoom.upperRightY}));
     json faults = json::array();
     for (const Fault& fault : state.faults)
         faults.push_back(faultOf(fault));
@@ -205,9 +205,10 @@ nlohmann::json stateToJson(const HostState& state)
          {{"rootKey", textOf(state.registryRootKey)},
           {"values", mapOf(state.registryValues, [](const auto& named) { return mapOf(named, textOf); })}}},
         {"searchPathFiles", mapOf(state.searchPathFiles, textOf)},
-        {"menuFiles", mapOf(state.menuFiles, [](const std::shared_ptr<MenuGroup>& group) {
-             return group ? groupOf(*group) : json(nullptr);
-         })},
+        {"menuFiles", mapOf(state.menuFiles,
+                            [](const std::shared_ptr<MenuGroup>& group) {
+                                return group ? groupOf(*group) : json(nullptr);
+                            })},
         {"mxSupportFolder", textOf(state.mxSupportFolder)},
         {"faults", faults},
     };

@@ -47,7 +47,8 @@ std::string nameOfStatus(HRESULT status)
         if (named.status == status)
             return named.name;
     char buffer[16];
-    std::snprintf(buffer, sizeof buffer, "0x%08lX", static_cast<unsigned long>(static_cast<std::uint32_t>(status)));
+    std::snprintf(buffer, sizeof buffer, "0x%08lX",
+                  static_cast<unsigned long>(static_cast<std::uint32_t>(status)));
     return buffer;
 }
 
@@ -63,7 +64,8 @@ std::optional<HRESULT> statusFromName(const std::string& name)
         const unsigned char digit = static_cast<unsigned char>(name[i]);
         if (!std::isxdigit(digit))
             return std::nullopt;
-        code = code * 16 + static_cast<std::uint32_t>(std::isdigit(digit) ? digit - '0' : std::tolower(digit) - 'a' + 10);
+        code = code * 16 +
+               static_cast<std::uint32_t>(std::isdigit(digit) ? digit - '0' : std::tolower(digit) - 'a' + 10);
     }
     return static_cast<HRESULT>(code);
 }

@@ -14,14 +14,17 @@ void appendUtf8(std::string& out, char32_t code)
 {
     if (code < 0x80) {
         out += static_cast<char>(code);
-    } else if (code < 0x800) {
+    }
+    else if (code < 0x800) {
         out += static_cast<char>(0xC0 | (code >> 6));
         out += static_cast<char>(0x80 | (code & 0x3F));
-    } else if (code < 0x10000) {
+    }
+    else if (code < 0x10000) {
         out += static_cast<char>(0xE0 | (code >> 12));
         out += static_cast<char>(0x80 | ((code >> 6) & 0x3F));
         out += static_cast<char>(0x80 | (code & 0x3F));
-    } else {
+    }
+    else {
         out += static_cast<char>(0xF0 | (code >> 18));
         out += static_cast<char>(0x80 | ((code >> 12) & 0x3F));
         out += static_cast<char>(0x80 | ((code >> 6) & 0x3F));
@@ -80,16 +83,20 @@ std::optional<std::wstring> fromUtf8(std::string_view text)
         if (lead < 0x80) {
             length = 1;
             code = lead;
-        } else if ((lead & 0xE0) == 0xC0) {
+        }
+        else if ((lead & 0xE0) == 0xC0) {
             length = 2;
             code = lead & 0x1F;
-        } else if ((lead & 0xF0) == 0xE0) {
+        }
+        else if ((lead & 0xF0) == 0xE0) {
             length = 3;
             code = lead & 0x0F;
-        } else if ((lead & 0xF8) == 0xF0) {
+        }
+        else if ((lead & 0xF8) == 0xF0) {
             length = 4;
             code = lead & 0x07;
-        } else {
+        }
+        else {
             return std::nullopt;
         }
         if (i + length > text.size())

@@ -23,7 +23,10 @@ bool equalNoCase(const std::wstring& a, const std::wstring& b);
 bool samePath(const std::wstring& a, const std::wstring& b);
 
 // A null automation string reads as the empty string.
-inline std::wstring fromBstr(BSTR text) { return text ? std::wstring(text, SysStringLen(text)) : std::wstring(); }
+inline std::wstring fromBstr(BSTR text)
+{
+    return text ? std::wstring(text, SysStringLen(text)) : std::wstring();
+}
 
 // Shortest text that reads back to the same double.
 std::string formatReal(double value);

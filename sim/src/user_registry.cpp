@@ -63,9 +63,11 @@ void UserRegistry::erase()
         return;
     if (m_createdRootKey) {
         MxtRegistry::deleteKeyCurrentUser(m_rootKey.c_str());
-    } else {
+    }
+    else {
         for (const Overwritten& value : m_overwritten)
-            MxtRegistry::setRegValueCurrentUser(value.key.c_str(), value.name.c_str(), value.previous.c_str());
+            MxtRegistry::setRegValueCurrentUser(value.key.c_str(), value.name.c_str(),
+                                                value.previous.c_str());
     }
     m_rootKey.clear();
     m_createdRootKey = false;

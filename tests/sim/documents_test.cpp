@@ -67,10 +67,12 @@ TEST_F(Documents, ClosingActivatesTheLastDrawingLeftAndSavesUnderTheNameGiven)
     open(L"C:\\Users\\mx\\Documents\\Drawing1.dwg");
     first->Activate();
 
-    first->Close(_variant_t(short(-1)), _variant_t(L"C:\\Projects\\Warehouse 12\\Drawings\\GA-001 rev B.dwg"));
+    first->Close(_variant_t(short(-1)),
+                 _variant_t(L"C:\\Projects\\Warehouse 12\\Drawings\\GA-001 rev B.dwg"));
     EXPECT_EQ(state().activeDocument->fullFileName, L"C:\\Users\\mx\\Documents\\Drawing1.dwg");
     EXPECT_EQ(state().drawingsOnDisk.back(), L"C:\\Projects\\Warehouse 12\\Drawings\\GA-001 rev B.dwg");
-    EXPECT_EQ(descriptionOf(failureOf([&] { first->GetFullFileName(); })), std::wstring(L"drawing '") + kOpen + L"' is closed");
+    EXPECT_EQ(descriptionOf(failureOf([&] { first->GetFullFileName(); })),
+              std::wstring(L"drawing '") + kOpen + L"' is closed");
 
     const size_t onDisk = state().drawingsOnDisk.size();
     application()->GetActiveDocument()->Close(_variant_t(VARIANT_FALSE, VT_BOOL), missing());
@@ -111,7 +113,8 @@ TEST_F(Documents, PlotSettingsOutsideTheHostsRangesAreRefused)
     HostDocumentPtr document = application()->GetActiveDocument();
     HostLayoutPtr layout = document->GetActiveLayout();
     EXPECT_EQ(failureOf([&] { layout->PutPlotType(6); }).Error(), E_INVALIDARG);
-    EXPECT_EQ(failureOf([&] { layout->SetWindowToPlot(_variant_t(0.0), pointOf(1, 1)); }).Error(), DISP_E_TYPEMISMATCH);
+    EXPECT_EQ(failureOf([&] { layout->SetWindowToPlot(_variant_t(0.0), pointOf(1, 1)); }).Error(),
+              DISP_E_TYPEMISMATCH);
     EXPECT_EQ(failureOf([&] { document->GetPlot()->PutNumberOfCopies(0); }).Error(), E_INVALIDARG);
     EXPECT_EQ(failureOf([&] { document->GetPlot()->SetLayoutsToPlot(_variant_t(L"Layout1")); }).Error(),
               DISP_E_TYPEMISMATCH);

@@ -90,7 +90,8 @@ TEST_F(Faults, TheFrameworkObjectItsDispatchAndTheApplicationInterfaceCanBeWithh
     IDispatch* again = nullptr;
     EXPECT_EQ(dispatch->QueryInterface(IID_IDispatch, reinterpret_cast<void**>(&again)), S_OK);
     again->Release();
-    EXPECT_EQ(dispatch->QueryInterface(__uuidof(HostApplication), reinterpret_cast<void**>(&application)), S_OK);
+    EXPECT_EQ(dispatch->QueryInterface(__uuidof(HostApplication), reinterpret_cast<void**>(&application)),
+              S_OK);
     application->Release();
     dispatch->Release();
 }

@@ -18,8 +18,9 @@ TEST_F(JournalTest, EveryCallIsRecordedInOrderWithItsObject)
     HostMenuGroupPtr zorb = application()->GetMenuGroups()->Item(indexOf(VT_I4, 0));
     zorb->GetName();
     EXPECT_EQ(host().journal().methods(),
-              (std::vector<std::string>{"sdk.zbedGetZorbWinApp", "CWinApp.GetIDispatch", "HostApplication.get_MenuGroups",
-                                        "HostMenuGroups.Item", "HostMenuGroup.get_Name"}));
+              (std::vector<std::string>{"sdk.zbedGetZorbWinApp", "CWinApp.GetIDispatch",
+                                        "HostApplication.get_MenuGroups", "HostMenuGroups.Item",
+                                        "HostMenuGroup.get_Name"}));
     EXPECT_EQ(last().object, "HostMenuGroup 'ZORB'");
     EXPECT_EQ(last().status, S_OK);
 }

@@ -13,7 +13,8 @@ std::string errorOf(const nlohmann::json& document)
 {
     try {
         sim::stateFromJson(document);
-    } catch (const sim::StateError& error) {
+    }
+    catch (const sim::StateError& error) {
         return error.what();
     }
     return "(loaded)";
@@ -38,7 +39,8 @@ std::string loadErrorOf(const std::string& text)
     StateFile file(text);
     try {
         sim::loadStateFile(file.path());
-    } catch (const sim::StateError& error) {
+    }
+    catch (const sim::StateError& error) {
         const std::string message = error.what();
         return message.substr(file.path().size());
     }
@@ -102,27 +104,33 @@ TEST(StateJson, ErrorsNameThePathAndWhatWasExpected)
               "/systemVariables/DWGCHECK: expected a whole number from -32768 to 32767");
     EXPECT_EQ(errorOf({{"registry", {{"values", {{"a/b", {{"x", 1}}}}}}}}),
               "/registry/values/a~1b/x: expected a string");
-    EXPECT_EQ(errorOf({{"faults", {{{"kind", "failCall"}, {"method", "HostMenuGroups.Item"}, {"status", "E_WHAT"}}}}}),
+    EXPECT_EQ(errorOf({{"faults",
+                        {{{"kind", "failCall"}, {"method", "HostMenuGroups.Item"}, {"status", "E_WHAT"}}}}}),
               "/faults/0/status: expected a status name such as \"E_FAIL\" or a code such as \"0x80004005\"");
     EXPECT_EQ(errorOf({{"activeDocument", 0}}), "/activeDocument: no open drawing at index 0");
     EXPECT_EQ(errorOf(nlohmann::json::array()), "document: expected an object");
-    EXPECT_EQ(errorOf({{"drawingsOnDisk", {std::string("\xC3\x28")}}}), "/drawingsOnDisk/0: expected a string of valid UTF-8");
+    EXPECT_EQ(errorOf({{"drawingsOnDisk", {std::string("\xC3\x28")}}}),
+              "/drawingsOnDisk/0: expected a string of valid UTF-8");
 }
 
 TEST(StateJson, MalformedFilesAreReportedByLineAndColumn)
 {
-    EXPECT_EQ(loadErrorOf("{\n  \"plotterAnswers\": true,\n  \"mxSupportFolder\": \"C:\\\\MX\"\n  \"faults\": []\n}\n")
-                  .substr(0, 7),
-              ":4:10: ");  // where the parser noticed: the end of the unexpected "faults"
-    EXPECT_EQ(loadErrorOf("// a comment is allowed\n{\"plotterAnswers\": 1}"), ": /plotterAnswers: expected a boolean");
+    EXPECT_EQ(
+        loadErrorOf(
+            "{\n  \"plotterAnswers\": true,\n  \"mxSupportFolder\": \"C:\\\\MX\"\n  \"faults\": []\n}\n")
+            .substr(0, 7),
+        ":4:10: ");  // where the parser noticed: the end of the unexpected "faults"
+    EXPECT_EQ(loadErrorOf("// a comment is allowed\n{\"plotterAnswers\": 1}"),
+              ": /plotterAnswers: expected a boolean");
     EXPECT_EQ(loadErrorOf("{\"mxSupportFolder\": \"é\" x}").substr(0, 6), ":1:25:");
     EXPECT_NE(std::string("(loaded)"), loadErrorOf("{"));
 }
 
 TEST(StateJson, FaultsLoadOnTheirOwnForScenarios)
 {
-    const auto faults = sim::faultsFromJson(
-        nlohmann::json::parse(R"([{"kind": "noDispatch"}, {"kind": "failCall", "method": "sdk.zbedGetVar", "status": 2147942487}])"));
+    const auto faults = sim::faultsFromJson(nlohmann::json::parse(R"([
+        {"kind": "noDispatch"},
+        {"kind": "failCall", "method": "sdk.zbedGetVar", "status": 2147942487}])"));
     ASSERT_EQ(faults.size(), 2u);
     EXPECT_EQ(faults[0].kind, sim::FaultKind::noDispatch);
     EXPECT_EQ(faults[1].status, E_INVALIDARG);

@@ -64,7 +64,8 @@ TEST_F(Menus, LoadingIsRefusedForALoadedGroupAnUnknownFileOrABaseMenu)
     HostMenuGroupsPtr groups = application()->GetMenuGroups();
     loadMx();
     // The host compares paths without regard to case or separator.
-    _com_error again = failureOf([&] { groups->LoadMenuFile(L"c:/program files/mx/support/mx", _variant_t()); });
+    _com_error again =
+        failureOf([&] { groups->LoadMenuFile(L"c:/program files/mx/support/mx", _variant_t()); });
     EXPECT_EQ(again.Error(), E_FAIL);
     EXPECT_EQ(descriptionOf(again), L"menu group 'MX' is already loaded");
     EXPECT_EQ(failureOf([&] { groups->LoadMenuFile(L"C:\\nowhere\\MX", _variant_t()); }).Error(),
@@ -186,7 +187,8 @@ TEST_F(Menus, AMenuBarMenuKnowsItsGroup)
     EXPECT_EQ(state().menuGroups[0]->menus[0]->items[0]->type, sim::ItemType::separator);
     // Removing the menu from its group (as a test may) makes its object fail.
     state().menuGroups[0]->menus.erase(state().menuGroups[0]->menus.begin());
-    EXPECT_EQ(descriptionOf(failureOf([&] { file->GetName(); })), L"menu '&File' was removed from menu group 'ZORB'");
+    EXPECT_EQ(descriptionOf(failureOf([&] { file->GetName(); })),
+              L"menu '&File' was removed from menu group 'ZORB'");
 }
 
 TEST_F(Menus, ANullNodeIsAPlaceWhereTheHostGivesNoObject)

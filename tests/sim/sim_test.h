@@ -3,9 +3,9 @@
 
 #include "sim/host.h"
 
+#include "framework.h"
 #include "host/object_model.h"
 #include "host/sdk.h"
-#include "framework.h"
 
 #include <gtest/gtest.h>
 
@@ -24,7 +24,10 @@ inline HostApplicationPtr application()
     return HostApplicationPtr(application, false);
 }
 
-inline HostMenuGroupPtr group(const wchar_t* name) { return application()->GetMenuGroups()->Item(_variant_t(name)); }
+inline HostMenuGroupPtr group(const wchar_t* name)
+{
+    return application()->GetMenuGroups()->Item(_variant_t(name));
+}
 
 inline HostMenuGroupPtr loadMx()
 {
@@ -44,12 +47,12 @@ private:
 };
 
 // The automation failure a call raises; a failing expectation when it raises none.
-template <class Call>
-_com_error failureOf(Call call)
+template <class Call> _com_error failureOf(Call call)
 {
     try {
         call();
-    } catch (const _com_error& failure) {
+    }
+    catch (const _com_error& failure) {
         return failure;
     }
     ADD_FAILURE() << "the call did not fail";

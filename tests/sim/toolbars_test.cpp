@@ -8,7 +8,10 @@ namespace {
 class Toolbars : public SimTest {
 protected:
     HostToolbarPtr mxToolbar(const wchar_t* name) { return loadMx()->GetToolbars()->Item(_variant_t(name)); }
-    const sim::Toolbar& mxToolbarNode(size_t position) { return *state().menuGroups.back()->toolbars[position]; }
+    const sim::Toolbar& mxToolbarNode(size_t position)
+    {
+        return *state().menuGroups.back()->toolbars[position];
+    }
 };
 
 }  // namespace
@@ -65,8 +68,9 @@ TEST_F(Toolbars, AFlyoutNamesAToolbarOfALoadedGroupByNameOrTag)
     connections->AttachToolbarToFlyout(L"ZORB", L"Zoom");
     EXPECT_EQ(mxToolbarNode(0).buttons[3]->flyout->second, L"Zoom");
 
-    EXPECT_EQ(descriptionOf(failureOf([&] { connections->AttachToolbarToFlyout(L"MXTOOLS", L"TB_MXTOOLS"); })),
-              L"no menu group 'MXTOOLS' is loaded");
+    EXPECT_EQ(
+        descriptionOf(failureOf([&] { connections->AttachToolbarToFlyout(L"MXTOOLS", L"TB_MXTOOLS"); })),
+        L"no menu group 'MXTOOLS' is loaded");
     EXPECT_EQ(descriptionOf(failureOf([&] { connections->AttachToolbarToFlyout(L"MX", L"TB_NONE"); })),
               L"menu group 'MX' has no toolbar 'TB_NONE'");
     EXPECT_EQ(mxToolbarNode(0).buttons[3]->flyout->second, L"Zoom");

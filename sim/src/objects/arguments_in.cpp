@@ -10,18 +10,22 @@ std::wstring typeName(const VARIANT& value) { return *text::fromUtf8(variantType
 std::optional<long long> wholeNumber(const VARIANT& value)
 {
     switch (V_VT(&value)) {
-    case VT_I2: return V_I2(&value);
-    case VT_I4: return V_I4(&value);
-    case VT_INT: return V_INT(&value);
-    default: return std::nullopt;
+    case VT_I2:
+        return V_I2(&value);
+    case VT_I4:
+        return V_I4(&value);
+    case VT_INT:
+        return V_INT(&value);
+    default:
+        return std::nullopt;
     }
 }
 
 // The elements of a one-dimensional safe array of `type`, copied out; null when it is not one.
-template <class Element>
-std::optional<std::vector<Element>> elementsOf(const VARIANT& value, VARTYPE type)
+template <class Element> std::optional<std::vector<Element>> elementsOf(const VARIANT& value, VARTYPE type)
 {
-    if (V_VT(&value) != (VT_ARRAY | type) || V_ARRAY(&value) == nullptr || SafeArrayGetDim(V_ARRAY(&value)) != 1)
+    if (V_VT(&value) != (VT_ARRAY | type) || V_ARRAY(&value) == nullptr ||
+        SafeArrayGetDim(V_ARRAY(&value)) != 1)
         return std::nullopt;
     SAFEARRAY* array = V_ARRAY(&value);
     LONG lower = 0;
@@ -45,7 +49,8 @@ CollectionIndex readCollectionIndex(const VARIANT& index)
     if (const auto number = wholeNumber(index)) {
         read.kind = CollectionIndex::Kind::position;
         read.position = *number;
-    } else if (V_VT(&index) == VT_BSTR) {
+    }
+    else if (V_VT(&index) == VT_BSTR) {
         read.kind = CollectionIndex::Kind::name;
         read.name = text::fromBstr(V_BSTR(&index));
     }
@@ -62,16 +67,20 @@ HRESULT refuseIndex(Call& call, const CollectionIndex& index, const VARIANT& giv
     case CollectionIndex::Kind::unusable:
         break;
     }
-    return call.fail(DISP_E_TYPEMISMATCH, L"a " + what + L" index is a whole number (VT_I2, VT_I4, VT_INT) or a name "
-                                               L"(VT_BSTR), not " + typeName(given));
+    return call.fail(DISP_E_TYPEMISMATCH, L"a " + what +
+                                              L" index is a whole number (VT_I2, VT_I4, VT_INT) or a name "
+                                              L"(VT_BSTR), not " +
+                                              typeName(given));
 }
 
 bool findInsertion(Call& call, const VARIANT& given, size_t count, const std::wstring& what, size_t& position)
 {
     const auto number = wholeNumber(given);
     if (!number) {
-        call.fail(DISP_E_TYPEMISMATCH, L"the index to add a " + what + L" at is a whole number (VT_I2, VT_I4, "
-                                           L"VT_INT), not " + typeName(given));
+        call.fail(DISP_E_TYPEMISMATCH, L"the index to add a " + what +
+                                           L" at is a whole number (VT_I2, VT_I4, "
+                                           L"VT_INT), not " +
+                                           typeName(given));
         return false;
     }
     if (*number < 0 || *number > static_cast<long long>(count)) {
@@ -87,12 +96,15 @@ bool readPoint(Call& call, const VARIANT& given, const std::wstring& which, doub
 {
     const auto coordinates = elementsOf<double>(given, VT_R8);
     if (!coordinates) {
-        call.fail(DISP_E_TYPEMISMATCH, L"the " + which + L" is a one-dimensional array of doubles (VT_ARRAY|VT_R8), "
-                                                         L"not " + typeName(given));
+        call.fail(DISP_E_TYPEMISMATCH, L"the " + which +
+                                           L" is a one-dimensional array of doubles (VT_ARRAY|VT_R8), "
+                                           L"not " +
+                                           typeName(given));
         return false;
     }
     if (coordinates->size() != 2) {
-        call.fail(E_INVALIDARG, L"the " + which + L" has 2 coordinates, not " + std::to_wstring(coordinates->size()));
+        call.fail(E_INVALIDARG,
+                  L"the " + which + L" has 2 coordinates, not " + std::to_wstring(coordinates->size()));
         return false;
     }
     x = (*coordinates)[0];
@@ -115,8 +127,8 @@ bool readYesNo(Call& call, const VARIANT& given, const std::wstring& what, bool&
         value = *number != 0;
         return true;
     }
-    call.fail(DISP_E_TYPEMISMATCH, L"the " + what + L" is a yes/no value (VT_BOOL, VT_I2, VT_I4, VT_INT), not " +
-                                       typeName(given));
+    call.fail(DISP_E_TYPEMISMATCH,
+              L"the " + what + L" is a yes/no value (VT_BOOL, VT_I2, VT_I4, VT_INT), not " + typeName(given));
     return false;
 }
 
@@ -134,8 +146,10 @@ bool readTexts(Call& call, const VARIANT& given, const std::wstring& what, std::
 {
     const auto texts = elementsOf<BSTR>(given, VT_BSTR);
     if (!texts) {
-        call.fail(DISP_E_TYPEMISMATCH, L"the " + what + L" is a one-dimensional array of texts (VT_ARRAY|VT_BSTR), "
-                                                        L"not " + typeName(given));
+        call.fail(DISP_E_TYPEMISMATCH, L"the " + what +
+                                           L" is a one-dimensional array of texts (VT_ARRAY|VT_BSTR), "
+                                           L"not " +
+                                           typeName(given));
         return false;
     }
     values.clear();

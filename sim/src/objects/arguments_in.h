@@ -24,10 +24,10 @@ CollectionIndex readCollectionIndex(const VARIANT& index);
 HRESULT refuseIndex(Call& call, const CollectionIndex& index, const VARIANT& given, const std::wstring& what);
 
 // Matches an item by one of its texts, without regard to case: namedBy(&MenuGroup::name).
-template <class Node>
-auto namedBy(std::wstring Node::*field)
+template <class Node> auto namedBy(std::wstring Node::*field)
 {
-    return [field](const Node& node, const std::wstring& name) { return text::equalNoCase(node.*field, name); };
+    return
+        [field](const Node& node, const std::wstring& name) { return text::equalNoCase(node.*field, name); };
 }
 
 // The position of the item an index names: a position, or the first item `matches` takes for
@@ -55,7 +55,8 @@ bool findPosition(Call& call, const VARIANT& given, const std::vector<std::share
 }
 
 // Where a new item goes: before the item now at the index; the count appends.
-bool findInsertion(Call& call, const VARIANT& given, size_t count, const std::wstring& what, size_t& position);
+bool findInsertion(Call& call, const VARIANT& given, size_t count, const std::wstring& what,
+                   size_t& position);
 
 // A point in the host's form: a one-dimensional array of two doubles (VT_ARRAY|VT_R8).
 bool readPoint(Call& call, const VARIANT& given, const std::wstring& which, double& x, double& y);

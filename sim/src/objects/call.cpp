@@ -4,7 +4,8 @@
 
 namespace sim::detail {
 
-Call::Call(HostCore& core, const CallSubject& subject, const char* method, std::initializer_list<Arg> arguments)
+Call::Call(HostCore& core, const CallSubject& subject, const char* method,
+           std::initializer_list<Arg> arguments)
     : m_core(core), m_subject(subject)
 {
     if (!core.installed) {
@@ -24,9 +25,8 @@ Call::Call(HostCore& core, const CallSubject& subject, const char* method, std::
             m_entry.arguments.push_back(argument.describe());
     }
     if (!core.state.faults.empty()) {
-        m_verdict = consultFaults(core.state.faults, method, [&] {
-            return m_recording ? m_entry.object : subject.journalName();
-        });
+        m_verdict = consultFaults(core.state.faults, method,
+                                  [&] { return m_recording ? m_entry.object : subject.journalName(); });
         if (FAILED(m_verdict.failure)) {
             fail(m_verdict.failure, L"the call failed as a fault armed on the simulated host asked");
             return;

@@ -29,7 +29,8 @@ protected:
 
 class Call {
 public:
-    Call(HostCore& core, const CallSubject& subject, const char* method, std::initializer_list<Arg> arguments = {});
+    Call(HostCore& core, const CallSubject& subject, const char* method,
+         std::initializer_list<Arg> arguments = {});
     Call(const Call&) = delete;
     Call& operator=(const Call&) = delete;
 
@@ -40,18 +41,15 @@ public:
 
     // An output the call writes: a null pointer ends the call with E_POINTER, otherwise the
     // output starts cleared, as a failed call leaves it.
-    template <class T>
-    bool accepts(T* output);
+    template <class T> bool accepts(T* output);
 
     HRESULT succeed();
     HRESULT fail(HRESULT status, const std::wstring& description);
 
     // Ends the call giving an object, or no object when a fault says so.
-    template <class Interface, class Make>
-    HRESULT giveObject(Interface** output, Make make);
+    template <class Interface, class Make> HRESULT giveObject(Interface** output, Make make);
     HRESULT giveText(BSTR* output, const std::wstring& value);
-    template <class T>
-    HRESULT giveValue(T* output, T value);
+    template <class T> HRESULT giveValue(T* output, T value);
 
     // Whether a fault makes this call give no object (for calls that then must not act).
     bool givesNull() const { return m_verdict.giveNull; }
@@ -70,8 +68,7 @@ private:
     HRESULT m_status = S_OK;
 };
 
-template <class T>
-bool Call::accepts(T* output)
+template <class T> bool Call::accepts(T* output)
 {
     if (output == nullptr) {
         fail(E_POINTER, L"no place to store the result was given");
@@ -81,15 +78,13 @@ bool Call::accepts(T* output)
     return true;
 }
 
-template <class Interface, class Make>
-HRESULT Call::giveObject(Interface** output, Make make)
+template <class Interface, class Make> HRESULT Call::giveObject(Interface** output, Make make)
 {
     *output = m_verdict.giveNull ? nullptr : make();
     return succeed();
 }
 
-template <class T>
-HRESULT Call::giveValue(T* output, T value)
+template <class T> HRESULT Call::giveValue(T* output, T value)
 {
     *output = value;
     return succeed();

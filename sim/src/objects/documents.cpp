@@ -59,7 +59,8 @@ public:
     HRESULT STDMETHODCALLTYPE raw_Open(BSTR fileName, VARIANT readOnly, VARIANT password,
                                        HostDocument** document) override
     {
-        Call call = begin("HostDocuments.Open", {Arg::text(fileName), Arg::variant(readOnly), Arg::variant(password)});
+        Call call = begin("HostDocuments.Open",
+                          {Arg::text(fileName), Arg::variant(readOnly), Arg::variant(password)});
         if (call.refused() || !call.accepts(document))
             return call.status();
         bool readOnlyWanted = false;
@@ -73,10 +74,11 @@ public:
         auto opened = openDocumentAt(state(), path);
         if (!opened) {
             const auto& disk = state().drawingsOnDisk;
-            const auto file =
-                std::find_if(disk.begin(), disk.end(), [&](const std::wstring& f) { return text::samePath(f, path); });
+            const auto file = std::find_if(disk.begin(), disk.end(),
+                                           [&](const std::wstring& f) { return text::samePath(f, path); });
             if (file == disk.end())
-                return call.fail(HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND), L"drawing '" + path + L"' was not found");
+                return call.fail(HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND),
+                                 L"drawing '" + path + L"' was not found");
             if (call.givesNull())
                 return call.succeed();
             opened = std::make_shared<Document>();
@@ -85,7 +87,8 @@ public:
             opened->activeLayout->name = L"Layout1";
             opened->activeLayout->plotType = kPlotLayout;
             state().documents.push_back(opened);
-        } else if (call.givesNull()) {
+        }
+        else if (call.givesNull()) {
             return call.succeed();
         }
         state().activeDocument = opened;
@@ -138,7 +141,8 @@ public:
         if (save) {
             const std::wstring target = saveAs.empty() ? m_document->fullFileName : saveAs;
             auto& disk = state().drawingsOnDisk;
-            if (std::none_of(disk.begin(), disk.end(), [&](const std::wstring& f) { return text::samePath(f, target); }))
+            if (std::none_of(disk.begin(), disk.end(),
+                             [&](const std::wstring& f) { return text::samePath(f, target); }))
                 disk.push_back(target);
         }
         auto& documents = state().documents;
@@ -161,7 +165,8 @@ public:
         Call call = begin("HostDocument.get_ActiveLayout");
         if (call.refused() || !call.accepts(layout))
             return call.status();
-        return call.giveObject(layout, [&] { return newLayout(sharedCore(), m_document, m_document->activeLayout); });
+        return call.giveObject(layout,
+                               [&] { return newLayout(sharedCore(), m_document, m_document->activeLayout); });
     }
 
 protected:

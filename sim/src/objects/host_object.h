@@ -15,8 +15,7 @@
 
 namespace sim::detail {
 
-template <class Interface>
-class HostObject : public Interface, public ISupportErrorInfo, public CallSubject {
+template <class Interface> class HostObject : public Interface, public ISupportErrorInfo, public CallSubject {
 public:
     HostObject(const HostObject&) = delete;
     HostObject& operator=(const HostObject&) = delete;
@@ -66,8 +65,12 @@ public:
             *typeInfo = nullptr;
         return E_NOTIMPL;
     }
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) override
+    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override
+    {
+        return E_NOTIMPL;
+    }
+    HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*,
+                                     UINT*) override
     {
         return E_NOTIMPL;
     }
@@ -104,9 +107,11 @@ private:
         if constexpr (std::is_same_v<Interface, HostApplication>) {
             if (!m_core->installed || m_core->state.faults.empty())
                 return false;
-            return FAILED(consultFaults(m_core->state.faults, kQueryApplication, [this] { return journalName(); })
-                              .failure);
-        } else {
+            return FAILED(consultFaults(m_core->state.faults, kQueryApplication, [this] {
+                              return journalName();
+                          }).failure);
+        }
+        else {
             return false;
         }
     }

@@ -37,7 +37,8 @@ public:
 
     // The file is found by its path as the host compares paths; its group loads as a fresh copy of
     // what the file defines, after the groups already loaded.
-    HRESULT STDMETHODCALLTYPE raw_LoadMenuFile(BSTR menuFile, VARIANT baseMenu, HostMenuGroup** group) override
+    HRESULT STDMETHODCALLTYPE raw_LoadMenuFile(BSTR menuFile, VARIANT baseMenu,
+                                               HostMenuGroup** group) override
     {
         Call call = begin("HostMenuGroups.LoadMenuFile", {Arg::text(menuFile), Arg::variant(baseMenu)});
         if (call.refused() || !call.accepts(group))
@@ -53,7 +54,8 @@ public:
         const auto file = std::find_if(state().menuFiles.begin(), state().menuFiles.end(),
                                        [&](const auto& entry) { return text::samePath(entry.first, path); });
         if (file == state().menuFiles.end())
-            return call.fail(HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND), L"menu file '" + path + L"' was not found");
+            return call.fail(HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND),
+                             L"menu file '" + path + L"' was not found");
         if (!file->second)
             return call.fail(E_FAIL, L"'" + path + L"' is not a menu file");
         if (loadedGroupNamed(state(), file->second->name))
@@ -70,7 +72,8 @@ protected:
 
 class MenuGroupObject final : public HostObject<HostMenuGroup> {
 public:
-    MenuGroupObject(const CorePtr& core, std::shared_ptr<MenuGroup> group) : HostObject(core), m_group(std::move(group))
+    MenuGroupObject(const CorePtr& core, std::shared_ptr<MenuGroup> group)
+        : HostObject(core), m_group(std::move(group))
     {
     }
 

@@ -10,7 +10,10 @@ std::string quoted(const std::wstring& name) { return "'" + text::toUtf8(name) +
 std::wstring quotedWide(const std::wstring& name) { return L"'" + name + L"'"; }
 
 // Menus and toolbars are known by their tag; one without a tag by its name.
-std::wstring identifierOf(const std::wstring& tag, const std::wstring& name) { return tag.empty() ? name : tag; }
+std::wstring identifierOf(const std::wstring& tag, const std::wstring& name)
+{
+    return tag.empty() ? name : tag;
+}
 
 }  // namespace
 
@@ -54,7 +57,8 @@ std::wstring goneReason(const HostState& state, const MenuPlace& place)
         if (!contains(place.group->menus, place.top.get()))
             return L"menu " + quotedWide(place.top->name) + L" was removed from menu group " +
                    quotedWide(place.group->name);
-    } else if (!contains(state.menuBar, place.top.get())) {
+    }
+    else if (!contains(state.menuBar, place.top.get())) {
         return L"menu " + quotedWide(place.top->name) + L" is no longer on the menu bar";
     }
     const PopupMenu* menu = place.top.get();

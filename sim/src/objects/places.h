@@ -13,8 +13,8 @@ namespace sim::detail {
 
 // A popup menu: a menu of a group, or a submenu reached through submenu items from one.
 struct MenuPlace {
-    std::shared_ptr<MenuGroup> group;   // null: a menu-bar menu that belongs to no loaded group
-    std::shared_ptr<PopupMenu> top;     // the group's (or the menu bar's) menu
+    std::shared_ptr<MenuGroup> group;  // null: a menu-bar menu that belongs to no loaded group
+    std::shared_ptr<PopupMenu> top;    // the group's (or the menu bar's) menu
     std::vector<std::shared_ptr<PopupMenuItem>> submenuItems;  // from `top` down to `menu`
     std::shared_ptr<PopupMenu> menu;
 
@@ -50,8 +50,7 @@ std::string nameOf(const ToolbarPlace& place, const ToolbarButton& button);
 std::string nameOf(const Document& document);
 
 // Whether a node is in a collection (by identity), and where.
-template <class Node>
-long positionIn(const std::vector<std::shared_ptr<Node>>& nodes, const Node* node)
+template <class Node> long positionIn(const std::vector<std::shared_ptr<Node>>& nodes, const Node* node)
 {
     for (size_t i = 0; i < nodes.size(); ++i)
         if (nodes[i].get() == node)
@@ -59,8 +58,7 @@ long positionIn(const std::vector<std::shared_ptr<Node>>& nodes, const Node* nod
     return -1;
 }
 
-template <class Node>
-bool contains(const std::vector<std::shared_ptr<Node>>& nodes, const Node* node)
+template <class Node> bool contains(const std::vector<std::shared_ptr<Node>>& nodes, const Node* node)
 {
     return positionIn(nodes, node) >= 0;
 }

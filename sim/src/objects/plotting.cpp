@@ -73,7 +73,8 @@ private:
 
 class PlotObject final : public HostObject<HostPlot> {
 public:
-    PlotObject(const CorePtr& core, std::shared_ptr<Document> document) : HostObject(core), m_document(std::move(document))
+    PlotObject(const CorePtr& core, std::shared_ptr<Document> document)
+        : HostObject(core), m_document(std::move(document))
     {
     }
 
@@ -106,7 +107,8 @@ public:
         if (call.refused())
             return call.status();
         if (entryCount < 1)
-            return call.fail(E_INVALIDARG, L"a plot batch has at least 1 entry, not " + std::to_wstring(entryCount));
+            return call.fail(E_INVALIDARG,
+                             L"a plot batch has at least 1 entry, not " + std::to_wstring(entryCount));
         settings().batchEntries = entryCount;
         return call.succeed();
     }
@@ -138,8 +140,9 @@ public:
             if (!readText(call, device, L"plot device", name))
                 return call.status();
             if (name.empty())
-                return call.fail(E_INVALIDARG, L"the plot device has no name; leave the argument out to plot with "
-                                               L"the layout's own configuration");
+                return call.fail(E_INVALIDARG,
+                                 L"the plot device has no name; leave the argument out to plot with "
+                                 L"the layout's own configuration");
             job.device = name;
         }
         const auto& layout = m_document->activeLayout;
@@ -147,7 +150,8 @@ public:
         if (job.layouts.empty() && layout)
             job.layouts.push_back(layout->name);
         if (job.layouts.empty())
-            return call.fail(E_FAIL, L"nothing to plot: no layouts were set and the drawing has no active layout");
+            return call.fail(E_FAIL,
+                             L"nothing to plot: no layouts were set and the drawing has no active layout");
         if (state().plotterAnswers) {
             job.document = m_document->fullFileName;
             job.numberOfCopies = settings().numberOfCopies;

@@ -70,20 +70,24 @@ public:
         size_t position = 0;
         if (!findPosition(call, index, items, L"menu item", namedBy(&PopupMenuItem::label), position))
             return call.status();
-        return call.giveObject(item, [&] { return newPopupMenuItem(sharedCore(), m_place, items[position]); });
+        return call.giveObject(item,
+                               [&] { return newPopupMenuItem(sharedCore(), m_place, items[position]); });
     }
 
-    HRESULT STDMETHODCALLTYPE raw_AddMenuItem(VARIANT index, BSTR label, BSTR macro, HostPopupMenuItem** item) override
+    HRESULT STDMETHODCALLTYPE raw_AddMenuItem(VARIANT index, BSTR label, BSTR macro,
+                                              HostPopupMenuItem** item) override
     {
-        Call call = begin("HostPopupMenu.AddMenuItem", {Arg::variant(index), Arg::text(label), Arg::text(macro)});
+        Call call =
+            begin("HostPopupMenu.AddMenuItem", {Arg::variant(index), Arg::text(label), Arg::text(macro)});
         if (call.refused() || !call.accepts(item))
             return call.status();
         auto added = std::make_shared<PopupMenuItem>();
         added->type = ItemType::command;
         added->label = text::fromBstr(label);
         added->macro = text::fromBstr(macro);
-        return addItem(call, index, L"menu item", added, [&] { return newPopupMenuItem(sharedCore(), m_place, added); },
-                       item);
+        return addItem(
+            call, index, L"menu item", added, [&] { return newPopupMenuItem(sharedCore(), m_place, added); },
+            item);
     }
 
     HRESULT STDMETHODCALLTYPE raw_AddSubMenu(VARIANT index, BSTR label, HostPopupMenu** subMenu) override
@@ -98,8 +102,9 @@ public:
         added->label = text::fromBstr(label);
         added->subMenu = std::make_shared<PopupMenu>();
         added->subMenu->name = added->label;
-        return addItem(call, index, L"submenu", added, [&] { return newPopupMenu(sharedCore(), m_place.below(added)); },
-                       subMenu);
+        return addItem(
+            call, index, L"submenu", added, [&] { return newPopupMenu(sharedCore(), m_place.below(added)); },
+            subMenu);
     }
 
     HRESULT STDMETHODCALLTYPE raw_AddSeparator(VARIANT index, HostPopupMenuItem** item) override
@@ -109,8 +114,9 @@ public:
             return call.status();
         auto added = std::make_shared<PopupMenuItem>();
         added->type = ItemType::separator;
-        return addItem(call, index, L"separator", added, [&] { return newPopupMenuItem(sharedCore(), m_place, added); },
-                       item);
+        return addItem(
+            call, index, L"separator", added, [&] { return newPopupMenuItem(sharedCore(), m_place, added); },
+            item);
     }
 
     HRESULT STDMETHODCALLTYPE raw_InsertInMenuBar(VARIANT position) override
@@ -146,7 +152,10 @@ protected:
     const char* interfaceName() const override { return "HostPopupMenu"; }
 
 private:
-    bool isOnMenuBar() const { return m_place.submenuItems.empty() && contains(state().menuBar, m_place.menu.get()); }
+    bool isOnMenuBar() const
+    {
+        return m_place.submenuItems.empty() && contains(state().menuBar, m_place.menu.get());
+    }
 
     // Inserts before the item now at the index (the count appends) and gives the new object.
     template <class Interface, class Make>

@@ -8,7 +8,8 @@ namespace {
 
 class PopupMenusObject final : public HostObject<HostPopupMenus> {
 public:
-    PopupMenusObject(const CorePtr& core, std::shared_ptr<MenuGroup> group) : HostObject(core), m_group(std::move(group))
+    PopupMenusObject(const CorePtr& core, std::shared_ptr<MenuGroup> group)
+        : HostObject(core), m_group(std::move(group))
     {
     }
 
@@ -32,7 +33,9 @@ public:
         if (!findPosition(call, index, m_group->menus, L"menu", namedBy(&PopupMenu::name), position))
             return call.status();
         const auto& found = m_group->menus[position];
-        return call.giveObject(menu, [&] { return newPopupMenu(sharedCore(), MenuPlace{m_group, found, {}, found}); });
+        return call.giveObject(menu, [&] {
+            return newPopupMenu(sharedCore(), MenuPlace{m_group, found, {}, found});
+        });
     }
 
     // A new menu goes after the group's menus, off the menu bar; names need not be unique.
@@ -48,7 +51,9 @@ public:
         auto added = std::make_shared<PopupMenu>();
         added->name = text::fromBstr(name);
         m_group->menus.push_back(added);
-        return call.giveObject(menu, [&] { return newPopupMenu(sharedCore(), MenuPlace{m_group, added, {}, added}); });
+        return call.giveObject(menu, [&] {
+            return newPopupMenu(sharedCore(), MenuPlace{m_group, added, {}, added});
+        });
     }
 
 protected:
@@ -78,7 +83,8 @@ public:
         if (call.refused() || !call.accepts(menu))
             return call.status();
         size_t position = 0;
-        if (!findPosition(call, index, state().menuBar, L"menu on the menu bar", namedBy(&PopupMenu::name), position))
+        if (!findPosition(call, index, state().menuBar, L"menu on the menu bar", namedBy(&PopupMenu::name),
+                          position))
             return call.status();
         const auto& found = state().menuBar[position];
         return call.giveObject(menu, [&] {

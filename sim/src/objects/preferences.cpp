@@ -39,19 +39,23 @@ public:
     }
     HRESULT STDMETHODCALLTYPE get_PrinterStyleSheetPath(BSTR* path) override
     {
-        return read("HostPreferencesFiles.get_PrinterStyleSheetPath", &PreferencesFiles::printerStyleSheetPath, path);
+        return read("HostPreferencesFiles.get_PrinterStyleSheetPath",
+                    &PreferencesFiles::printerStyleSheetPath, path);
     }
     HRESULT STDMETHODCALLTYPE put_PrinterStyleSheetPath(BSTR path) override
     {
-        return write("HostPreferencesFiles.put_PrinterStyleSheetPath", &PreferencesFiles::printerStyleSheetPath, path);
+        return write("HostPreferencesFiles.put_PrinterStyleSheetPath",
+                     &PreferencesFiles::printerStyleSheetPath, path);
     }
     HRESULT STDMETHODCALLTYPE get_TemplateDrawingFolder(BSTR* path) override
     {
-        return read("HostPreferencesFiles.get_TemplateDrawingFolder", &PreferencesFiles::templateDrawingFolder, path);
+        return read("HostPreferencesFiles.get_TemplateDrawingFolder",
+                    &PreferencesFiles::templateDrawingFolder, path);
     }
     HRESULT STDMETHODCALLTYPE put_TemplateDrawingFolder(BSTR path) override
     {
-        return write("HostPreferencesFiles.put_TemplateDrawingFolder", &PreferencesFiles::templateDrawingFolder, path);
+        return write("HostPreferencesFiles.put_TemplateDrawingFolder",
+                     &PreferencesFiles::templateDrawingFolder, path);
     }
     HRESULT STDMETHODCALLTYPE get_DrawingPath(BSTR* path) override
     {

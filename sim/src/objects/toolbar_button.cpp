@@ -47,7 +47,8 @@ public:
         Call call = begin("HostToolbarItem.get_Index");
         if (call.refused() || !call.accepts(index))
             return call.status();
-        return call.giveValue(index, static_cast<LONG>(positionIn(m_toolbar.toolbar->buttons, m_button.get())));
+        return call.giveValue(index,
+                              static_cast<LONG>(positionIn(m_toolbar.toolbar->buttons, m_button.get())));
     }
 
     HRESULT STDMETHODCALLTYPE raw_SetBitmaps(BSTR smallBitmap, BSTR largeBitmap) override
@@ -66,7 +67,8 @@ public:
     // keeps the two names as they were given.
     HRESULT STDMETHODCALLTYPE raw_AttachToolbarToFlyout(BSTR menuGroupName, BSTR toolbarName) override
     {
-        Call call = begin("HostToolbarItem.AttachToolbarToFlyout", {Arg::text(menuGroupName), Arg::text(toolbarName)});
+        Call call = begin("HostToolbarItem.AttachToolbarToFlyout",
+                          {Arg::text(menuGroupName), Arg::text(toolbarName)});
         if (call.refused())
             return call.status();
         const std::wstring groupName = text::fromBstr(menuGroupName);
@@ -74,12 +76,15 @@ public:
         const auto group = loadedGroupNamed(state(), groupName);
         if (!group)
             return call.fail(E_INVALIDARG, L"no menu group '" + groupName + L"' is loaded");
-        const bool known = std::any_of(group->toolbars.begin(), group->toolbars.end(), [&](const auto& candidate) {
-            return candidate && !toolbar.empty() &&
-                   (text::equalNoCase(candidate->name, toolbar) || text::equalNoCase(candidate->tag, toolbar));
-        });
+        const bool known =
+            std::any_of(group->toolbars.begin(), group->toolbars.end(), [&](const auto& candidate) {
+                return candidate && !toolbar.empty() &&
+                       (text::equalNoCase(candidate->name, toolbar) ||
+                        text::equalNoCase(candidate->tag, toolbar));
+            });
         if (!known)
-            return call.fail(E_INVALIDARG, L"menu group '" + group->name + L"' has no toolbar '" + toolbar + L"'");
+            return call.fail(E_INVALIDARG,
+                             L"menu group '" + group->name + L"' has no toolbar '" + toolbar + L"'");
         m_button->flyout = std::make_pair(groupName, toolbar);
         return call.succeed();
     }

@@ -8,7 +8,8 @@ namespace {
 
 class ToolbarsObject final : public HostObject<HostToolbars> {
 public:
-    ToolbarsObject(const CorePtr& core, std::shared_ptr<MenuGroup> group) : HostObject(core), m_group(std::move(group))
+    ToolbarsObject(const CorePtr& core, std::shared_ptr<MenuGroup> group)
+        : HostObject(core), m_group(std::move(group))
     {
     }
 
@@ -32,7 +33,9 @@ public:
         size_t position = 0;
         if (!findPosition(call, index, toolbars, L"toolbar", namedBy(&Toolbar::name), position))
             return call.status();
-        return call.giveObject(toolbar, [&] { return newToolbar(sharedCore(), ToolbarPlace{m_group, toolbars[position]}); });
+        return call.giveObject(toolbar, [&] {
+            return newToolbar(sharedCore(), ToolbarPlace{m_group, toolbars[position]});
+        });
     }
 
 protected:
@@ -90,7 +93,10 @@ public:
     {
         return readPlacement("HostToolbar.get_Left", &Toolbar::left, left);
     }
-    HRESULT STDMETHODCALLTYPE get_Top(LONG* top) override { return readPlacement("HostToolbar.get_Top", &Toolbar::top, top); }
+    HRESULT STDMETHODCALLTYPE get_Top(LONG* top) override
+    {
+        return readPlacement("HostToolbar.get_Top", &Toolbar::top, top);
+    }
     HRESULT STDMETHODCALLTYPE get_FloatingRows(LONG* rows) override
     {
         return readPlacement("HostToolbar.get_FloatingRows", &Toolbar::floatingRows, rows);
@@ -115,7 +121,8 @@ public:
         if (call.refused())
             return call.status();
         if (rows < 1)
-            return call.fail(E_INVALIDARG, L"a floating toolbar has at least 1 row, not " + std::to_wstring(rows));
+            return call.fail(E_INVALIDARG,
+                             L"a floating toolbar has at least 1 row, not " + std::to_wstring(rows));
         Toolbar& placed = toolbar();
         placed.dockStatus = kDockFloating;
         placed.top = top;
@@ -139,10 +146,10 @@ public:
             return call.status();
         const auto& buttons = toolbar().buttons;
         size_t position = 0;
-        if (!findPosition(call, index, buttons, L"toolbar button", namedBy(&ToolbarButton::name),
-                          position))
+        if (!findPosition(call, index, buttons, L"toolbar button", namedBy(&ToolbarButton::name), position))
             return call.status();
-        return call.giveObject(button, [&] { return newToolbarItem(sharedCore(), m_place, buttons[position]); });
+        return call.giveObject(button,
+                               [&] { return newToolbarItem(sharedCore(), m_place, buttons[position]); });
     }
 
     HRESULT STDMETHODCALLTYPE raw_AddButton(VARIANT index, BSTR name, BSTR helpString, BSTR macro,
