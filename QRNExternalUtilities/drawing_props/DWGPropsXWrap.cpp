@@ -1,0 +1,54 @@
+#include "DWGPropsXWrap.h"
+
+namespace {
+
+// A date-time that holds nothing: the value 0.0 with a valid status, set field by field so that
+// it does not depend on what the date-time class's own default is.
+void clear(ATL::COleDateTime& dateTime)
+{
+    dateTime.m_dt = 0.0;
+    dateTime.m_status = ATL::COleDateTime::valid;
+}
+
+}  // namespace
+
+DWGPropsXWrap::DWGPropsXWrap()
+{
+    clear(m_editTime);
+    clear(m_created);
+    clear(m_updated);
+}
+
+// Member by member in declaration order: the named strings, the custom strings by index, then
+// the date-times bit for bit.
+DWGPropsXWrap::DWGPropsXWrap(const DWGPropsXWrap& other) = default;
+DWGPropsXWrap& DWGPropsXWrap::operator=(const DWGPropsXWrap& other) = default;
+DWGPropsXWrap::~DWGPropsXWrap() = default;
+
+void DWGPropsXWrap::Load(MxtString /*path*/) {}
+
+bool DWGPropsXWrap::HasProps()
+{
+    return false;
+}
+
+MxtString DWGPropsXWrap::Title() { return m_title; }
+MxtString DWGPropsXWrap::Subject() { return m_subject; }
+MxtString DWGPropsXWrap::Author() { return m_author; }
+MxtString DWGPropsXWrap::Comments() { return m_comments; }
+MxtString DWGPropsXWrap::Keywords() { return m_keywords; }
+MxtString DWGPropsXWrap::LastSavedBy() { return m_lastSavedBy; }
+MxtString DWGPropsXWrap::RevisionNumber() { return m_revisionNumber; }
+MxtString DWGPropsXWrap::HyperlinkBase() { return m_hyperlinkBase; }
+
+MxtString DWGPropsXWrap::Custom(int index)
+{
+    // As an unsigned number a negative index lies above 9 too: one comparison rejects both.
+    if (static_cast<unsigned int>(index) > 9u)
+        return MxtString();
+    return m_custom[index];
+}
+
+ATL::COleDateTime& DWGPropsXWrap::EditTime() { return m_editTime; }
+ATL::COleDateTime& DWGPropsXWrap::Created() { return m_created; }
+ATL::COleDateTime& DWGPropsXWrap::Updated() { return m_updated; }
