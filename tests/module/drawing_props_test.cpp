@@ -1,0 +1,98 @@
+// The drawing summary properties holder: it exists, stays empty and says so.
+#include "DWGPropsXWrap.h"
+
+#include "support/mxt_text.h"
+
+#include <gtest/gtest.h>
+
+#include <type_traits>
+#include <vector>
+
+using module_testing::text;
+
+static_assert(std::has_virtual_destructor_v<DWGPropsXWrap>, "callers delete through the class itself");
+
+namespace {
+
+std::vector<std::wstring> allTexts(DWGPropsXWrap& props)
+{
+    std::vector<std::wstring> texts = {text(props.Title()),       text(props.Subject()),
+                                       text(props.Author()),      text(props.Comments()),
+                                       text(props.Keywords()),    text(props.LastSavedBy()),
+                                       text(props.RevisionNumber()), text(props.HyperlinkBase())};
+    for (int index = -2; index <= 11; ++index)
+        texts.push_back(text(props.Custom(index)));
+    return texts;
+}
+
+void expectCleared(ATL::COleDateTime& dateTime)
+{
+    EXPECT_EQ(dateTime.m_dt, 0.0);
+    EXPECT_EQ(dateTime.GetStatus(), ATL::COleDateTime::valid);
+    // Midnight of 30 December 1899.
+    EXPECT_EQ(dateTime.GetYear(), 1899);
+    EXPECT_EQ(dateTime.GetMonth(), 12);
+    EXPECT_EQ(dateTime.GetDay(), 30);
+}
+
+TEST(DrawingProps, NewObjectHasNoPropertiesAndClearedDates)
+{
+    DWGPropsXWrap props;
+    EXPECT_FALSE(props.HasProps());
+    for (const std::wstring& each : allTexts(props))
+        EXPECT_EQ(each, L"");
+    expectCleared(props.EditTime());
+    expectCleared(props.Created());
+    expectCleared(props.Updated());
+}
+
+TEST(DrawingProps, LoadingReadsNothing)
+{
+    DWGPropsXWrap props;
+    props.Created().SetDateTime(2021, 3, 4, 5, 6, 7);
+    const DATE created = props.Created();
+    for (const wchar_t* path : {L"D:\\Projects\\Bridge.dwg", L"", L"Z:\\missing\\none.dwg"}) {
+        props.Load(MxtString(path));
+        EXPECT_FALSE(props.HasProps());
+        for (const std::wstring& each : allTexts(props))
+            EXPECT_EQ(each, L"");
+        EXPECT_EQ(props.Created().m_dt, created);
+    }
+}
+
+TEST(DrawingProps, DatesChangeThroughTheReturnedReferencesAndTravelWithCopies)
+{
+    DWGPropsXWrap props;
+    props.Created().SetDateTime(2020, 2, 29, 13, 45, 0);
+    props.Updated().SetStatus(ATL::COleDateTime::invalid);
+    EXPECT_EQ(props.Created().GetYear(), 2020);
+    EXPECT_EQ(props.Created().GetHour(), 13);
+    EXPECT_EQ(&props.EditTime(), &props.EditTime());
+
+    DWGPropsXWrap copy(props);
+    EXPECT_EQ(copy.Created().m_dt, props.Created().m_dt);
+    EXPECT_EQ(copy.Updated().GetStatus(), ATL::COleDateTime::invalid);
+    expectCleared(copy.EditTime());
+
+    // Copies are independent.
+    copy.Created().SetDateTime(1999, 1, 1, 0, 0, 0);
+    EXPECT_EQ(props.Created().GetYear(), 2020);
+
+    DWGPropsXWrap assigned;
+    EXPECT_EQ(&(assigned = props), &assigned);
+    EXPECT_EQ(assigned.Created().m_dt, props.Created().m_dt);
+    EXPECT_EQ(assigned.Updated().GetStatus(), ATL::COleDateTime::invalid);
+}
+
+TEST(DrawingProps, DatesAreCopiedBitForBit)
+{
+    // Even a value outside the date range that is marked valid: the copy does not judge it again.
+    DWGPropsXWrap props;
+    props.EditTime().m_dt = 1e9;
+    props.EditTime().SetStatus(ATL::COleDateTime::valid);
+    DWGPropsXWrap copy(props);
+    EXPECT_EQ(copy.EditTime().m_dt, 1e9);
+    EXPECT_EQ(copy.EditTime().GetStatus(), ATL::COleDateTime::valid);
+}
+
+}  // namespace

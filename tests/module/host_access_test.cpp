@@ -1,0 +1,96 @@
+// The host's automation root as MX code that drives automation itself receives it.
+#include "CADPlotUtilities.h"
+#include "ZORBAppUtilities.h"
+
+#include "host_calls.h"
+#include "support/faults.h"
+#include "support/host_test.h"
+#include "support/mxt_text.h"
+
+#include "host/object_model.h"
+
+#include <gmock/gmock.h>
+
+using module_testing::faultOfKind;
+using module_testing::kReachApplication;
+using module_testing::SimulatedHostTest;
+using module_testing::text;
+using sim::FaultKind;
+using ::testing::ElementsAreArray;
+
+namespace {
+
+class HostAccess : public SimulatedHostTest {};
+
+IDispatch* const kNotWritten = reinterpret_cast<IDispatch*>(0x1);
+
+TEST_F(HostAccess, DispatchBelongsToTheCallerAndLeadsToTheApplication)
+{
+    IDispatch* dispatch = kNotWritten;
+    ASSERT_EQ(ZORBAppUtilities::getCADAppDispatch(&dispatch), S_OK);
+    ASSERT_NE(dispatch, nullptr);
+    ASSERT_NE(dispatch, kNotWritten);
+    EXPECT_EQ(host().referencesHeld(), 1);
+
+    HostApplicationPtr application;
+    ASSERT_EQ(dispatch->QueryInterface(__uuidof(HostApplication), reinterpret_cast<void**>(&application)), S_OK);
+    dispatch->Release();
+    EXPECT_EQ(text(MxtString(application->GetPreferences()->GetFiles()->GetSupportPath())),
+              state().preferences.supportPath);
+}
+
+TEST_F(HostAccess, MissingFrameworkObjectOrDispatchIsNotAFailureOfTheDispatchQuery)
+{
+    for (const FaultKind kind : {FaultKind::noFrameworkObject, FaultKind::noDispatch}) {
+        host().clearFaults();
+        arm(faultOfKind(kind));
+        IDispatch* dispatch = kNotWritten;
+        EXPECT_EQ(ZORBAppUtilities::getCADAppDispatch(&dispatch), S_OK);
+        EXPECT_EQ(dispatch, nullptr);
+    }
+}
+
+TEST_F(HostAccess, DispatchQueryRefusesANullOutput)
+{
+    EXPECT_EQ(ZORBAppUtilities::getCADAppDispatch(nullptr), E_POINTER);
+    EXPECT_TRUE(hostCalls().empty());
+}
+
+TEST_F(HostAccess, ApplicationIsTheTypedInterfaceWithAReferenceForTheCaller)
+{
+    HostApplicationPtr application(static_cast<HostApplication*>(ZORBAppUtilities::getCadApplication()), false);
+    ASSERT_TRUE(application);
+    EXPECT_EQ(host().referencesHeld(), 1);
+    EXPECT_THAT(hostCalls(), ElementsAreArray(kReachApplication));
+    // The typed interface itself, usable without another query.
+    state().preferences.drawingPath = L"D:\\Drawings";
+    EXPECT_EQ(text(MxtString(application->GetPreferences()->GetFiles()->GetDrawingPath())), L"D:\\Drawings");
+}
+
+TEST_F(HostAccess, ApplicationIsNullWheneverTheHostCannotGiveIt)
+{
+    for (const FaultKind kind :
+         {FaultKind::noFrameworkObject, FaultKind::noDispatch, FaultKind::refuseApplicationInterface}) {
+        host().clearFaults();
+        arm(faultOfKind(kind));
+        void* application = nullptr;
+        EXPECT_NO_THROW(application = ZORBAppUtilities::getCadApplication());
+        EXPECT_EQ(application, nullptr);
+        EXPECT_EQ(host().referencesHeld(), 0);
+    }
+}
+
+TEST_F(HostAccess, ExportedClassesAssignAsValues)
+{
+    // The assignments are exported from the module; code built against the classes links to them.
+    ZORBAppUtilities utilities;
+    ZORBAppUtilities other;
+    EXPECT_EQ(&(utilities = other), &utilities);
+    EXPECT_EQ(&(utilities = std::move(other)), &utilities);
+    CADPlotUtilities plot;
+    CADPlotUtilities otherPlot;
+    EXPECT_EQ(&(plot = otherPlot), &plot);
+    EXPECT_EQ(&(plot = std::move(otherPlot)), &plot);
+}
+
+}  // namespace

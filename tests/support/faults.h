@@ -1,0 +1,44 @@
+// Faults to arm on the simulated host, by what they do.
+#pragma once
+
+#include "sim/faults.h"
+
+#include <string>
+
+namespace module_testing {
+
+// The status the tests make host calls fail with.
+constexpr HRESULT kInjectedStatus = static_cast<HRESULT>(0x8004C0DEL);
+
+// The nth call of `method` (0: every call) fails with `status`.
+inline sim::Fault failingCall(std::string method, int nth = 0, HRESULT status = kInjectedStatus)
+{
+    sim::Fault fault;
+    fault.kind = sim::FaultKind::failCall;
+    fault.method = std::move(method);
+    fault.nth = nth;
+    fault.status = status;
+    return fault;
+}
+
+// The nth call of `method` (0: every call) succeeds but gives no object.
+inline sim::Fault withheldObject(std::string method, int nth = 0)
+{
+    sim::Fault fault;
+    fault.kind = sim::FaultKind::nullObject;
+    fault.method = std::move(method);
+    fault.nth = nth;
+    return fault;
+}
+
+// A fault of a kind that names no method: no framework object, no dispatch, the application
+// interface refused, a string allocation failed.
+inline sim::Fault faultOfKind(sim::FaultKind kind, int nth = 0)
+{
+    sim::Fault fault;
+    fault.kind = kind;
+    fault.nth = nth;
+    return fault;
+}
+
+}  // namespace module_testing

@@ -1,0 +1,38 @@
+// The fixture of the module's tests: a simulated host installed for each test, and the check,
+// after each test, that nothing was left behind.
+#pragma once
+
+#include "support/leftovers.h"
+
+#include "sim/host.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace module_testing {
+
+class SimulatedHostTest : public ::testing::Test {
+protected:
+    SimulatedHostTest();  // installs the default host
+    ~SimulatedHostTest() override;
+
+    sim::Host& host() { return *m_host; }
+    sim::HostState& state() { return m_host->state(); }
+
+    // Arms one fault from now on.
+    void arm(sim::Fault fault) { m_host->armFault(std::move(fault)); }
+
+    // The host methods called since the journal was last cleared, in order.
+    std::vector<std::string> hostCalls() const { return m_host->journal().methods(); }
+
+    void TearDown() override;
+
+private:
+    std::unique_ptr<sim::Host> m_host;
+    Leftovers m_leftovers;  // after the host: what the host itself holds from the start is no leftover
+};
+
+}  // namespace module_testing

@@ -1,0 +1,31 @@
+#include "support/leftovers.h"
+
+#include "MxtAssert"
+
+#include <gtest/gtest.h>
+
+namespace module_testing {
+
+unsigned long liveAutomationStrings()
+{
+#if AUTOMATION_HAS_TEST_HOOKS
+    return automation_testing::liveStrings();
+#else
+    return 0;
+#endif
+}
+
+Leftovers::Leftovers() : m_liveStringsBefore(liveAutomationStrings())
+{
+    MxtAssert::clearReports();
+}
+
+void Leftovers::expectNone(const sim::Host& host) const
+{
+    EXPECT_EQ(host.referencesHeld(), 0) << "references on host objects are still held";
+    EXPECT_EQ(liveAutomationStrings(), m_liveStringsBefore) << "automation strings were leaked";
+    for (const MxtAssert::Report& report : MxtAssert::reports())
+        ADD_FAILURE() << "contract report: " << report.condition << " at " << report.path << ':' << report.line;
+}
+
+}  // namespace module_testing

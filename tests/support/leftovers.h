@@ -1,0 +1,24 @@
+// What an operation must not leave behind: references held on host objects, automation strings
+// (where the runtime counts them) and contract reports of the core library.
+#pragma once
+
+#include "sim/host.h"
+
+namespace module_testing {
+
+class Leftovers {
+public:
+    // Takes the count of live automation strings as the baseline and clears the contract reports.
+    Leftovers();
+
+    // Adds a test failure for each kind of leftover found since construction.
+    void expectNone(const sim::Host& host) const;
+
+private:
+    unsigned long m_liveStringsBefore = 0;
+};
+
+// Automation strings alive in the process; 0 where the runtime does not count them.
+unsigned long liveAutomationStrings();
+
+}  // namespace module_testing
