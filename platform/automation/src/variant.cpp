@@ -32,7 +32,8 @@ HRESULT duplicateOwned(VARIANT* copy)
         return S_OK;
     if (V_ISARRAY(copy))
         return SafeArrayCopy(V_ARRAY(copy), &V_ARRAY(copy));
-    if (V_VT(copy) == VT_BSTR && V_BSTR(copy) != nullptr) {
+    if (V_VT(copy) == VT_BSTR) {
+        // As on the platform, a null string is copied as an allocated empty one.
         V_BSTR(copy) = SysAllocStringByteLen(reinterpret_cast<LPCSTR>(V_BSTR(copy)), SysStringByteLen(V_BSTR(copy)));
         return V_BSTR(copy) != nullptr ? S_OK : E_OUTOFMEMORY;
     }

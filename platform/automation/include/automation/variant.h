@@ -150,8 +150,9 @@ typedef VARIANT* LPVARIANT;
 AUTOMATION_API void VariantInit(VARIANTARG* variant);
 // Frees what the variant owns and leaves it VT_EMPTY.
 AUTOMATION_API HRESULT VariantClear(VARIANTARG* variant);
-// Clears `destination`, then copies `source` deeply: a new string, a new array, one more
-// reference. On failure `destination` is left VT_EMPTY.
+// Clears `destination`, then copies `source` deeply: a new string (an empty one for a null
+// string, as the platform does), a new array, one more reference. On failure `destination` is
+// left VT_EMPTY.
 AUTOMATION_API HRESULT VariantCopy(VARIANTARG* destination, VARIANTARG* source);
 
 #define VARIANT_NOVALUEPROP 0x01
