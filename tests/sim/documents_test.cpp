@@ -144,3 +144,28 @@ TEST_F(Documents, ZoomWindowRecordsTheCornersOfTheHostsPointForm)
     EXPECT_EQ(failureOf([] { application()->ZoomWindow(pointOf(0, 0), pointOf(1, 1)); }).Error(), E_FAIL);
     EXPECT_EQ(state().zoomRequests.size(), 1u);
 }
+
+TEST_F(Documents, ANullObjectFaultOnOpenOpensNothing)
+{
+    sim::Fault fault;
+    fault.kind = sim::FaultKind::nullObject;
+    fault.method = "HostDocuments.Open";
+    host().armFault(fault);
+    EXPECT_EQ(open(kOnDisk).GetInterfacePtr(), nullptr);
+    EXPECT_EQ(state().documents.size(), 1u);
+    EXPECT_EQ(state().activeDocument->fullFileName, kOpen);
+}
+
+TEST_F(Documents, ThePreferencesFilesReadAndWriteTheFourLocations)
+{
+    HostPreferencesFilesPtr files = application()->GetPreferences()->GetFiles();
+    EXPECT_EQ(std::wstring(files->GetSupportPath()), state().preferences.supportPath);
+    files->PutSupportPath(L"C:\\A;C:\\B");
+    files->PutPrinterStyleSheetPath(L"C:\\Styles");
+    files->PutTemplateDrawingFolder(L"C:\\Templates");
+    files->PutDrawingPath(_bstr_t());  // a null string is the empty path
+    EXPECT_EQ(state().preferences.supportPath, L"C:\\A;C:\\B");
+    EXPECT_EQ(files->GetPrinterStyleSheetPath(), _bstr_t(L"C:\\Styles"));
+    EXPECT_EQ(files->GetTemplateDrawingFolder(), _bstr_t(L"C:\\Templates"));
+    EXPECT_EQ(state().preferences.drawingPath, L"");
+}

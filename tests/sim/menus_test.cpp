@@ -198,3 +198,26 @@ TEST_F(Menus, ANullNodeIsAPlaceWhereTheHostGivesNoObject)
     EXPECT_EQ(groups->GetCount(), 2);
     EXPECT_EQ(groups->Item(indexOf(VT_I4, 1)).GetInterfacePtr(), nullptr);
 }
+
+TEST_F(Menus, ItemsAreFoundByLabelAndKeepTheirEnabledState)
+{
+    HostPopupMenuPtr snap = loadMx()->GetMenus()->Item(_variant_t(L"MX OBJECT SNAP"));
+    HostPopupMenuItemPtr none = snap->Item(_variant_t(L"&none"));
+    EXPECT_EQ(none->GetMacro(), _bstr_t(L"_non"));
+    none->PutEnabled(VARIANT_FALSE);
+    EXPECT_EQ(none->GetEnabled(), VARIANT_FALSE);
+    EXPECT_FALSE(state().menuGroups.back()->menus[0]->items[8]->enabled);
+    EXPECT_EQ(failureOf([&] { snap->Item(indexOf(VT_I4, 3))->PutLabel(L"x"); }).Error(), E_FAIL);  // separator
+    EXPECT_EQ(failureOf([] { group(L"MX")->GetMenus()->AddMenu(L""); }).Error(), E_INVALIDARG);
+}
+
+TEST_F(Menus, ANullObjectFaultOnLoadingLoadsNothing)
+{
+    sim::Fault fault;
+    fault.kind = sim::FaultKind::nullObject;
+    fault.method = "HostMenuGroups.LoadMenuFile";
+    host().armFault(fault);
+    EXPECT_EQ(loadMx().GetInterfacePtr(), nullptr);
+    EXPECT_EQ(state().menuGroups.size(), 1u);
+    EXPECT_EQ(host().journal().entries().back().arguments[1].type, VT_EMPTY);
+}

@@ -107,3 +107,47 @@ TEST(SdkWithoutHost, AKeyThatWasThereBeforeTheHostIsLeftInPlace)
     EXPECT_EQ(registryValue(root, L"Owner"), MxtString(L"someone else"));
     MxtRegistry::deleteKeyCurrentUser(root);
 }
+
+TEST_F(Sdk, TheSdkCallsAreJournalledAndCanBeFailed)
+{
+    host().journal().clear();
+    resbuf value;
+    zbedGetVar(L"OSMODE", &value);
+    value.resval.rint = 0;
+    EXPECT_EQ(zbedSetVar(L"NOSUCHVAR", &value), kZbError);
+    zbdbHostApplicationServices()->getUserRegistryProductRootKey();
+    EXPECT_EQ(host().journal().methods(),
+              (std::vector<std::string>{"sdk.zbedGetVar", "sdk.zbedSetVar", "sdk.zbdbHostApplicationServices",
+                                        "ZbDbHostApplicationServices.getUserRegistryProductRootKey"}));
+    EXPECT_EQ(host().journal().entries()[1].status, E_FAIL);
+
+    sim::Fault fault;
+    fault.kind = sim::FaultKind::failCall;
+    fault.method = "sdk.zbedGetVar";
+    host().armFault(fault);
+    EXPECT_EQ(zbedGetVar(L"DWGCHECK", &value), kZbError);
+}
+
+TEST(SdkWithoutHost, AHostBufferCanBeGivenBackAfterItsHostWent)
+{
+    ZbString found;
+    long held = 0;
+    {
+        sim::Host host;
+        ASSERT_EQ(zbedFindFile(L"C:\\Program Files\\Zorb 2026\\Support\\zorb.lin", found), kZbNormal);
+        held = host.buffersHeld();
+    }
+    sim::Host next;
+    EXPECT_EQ(next.buffersHeld(), held);
+    zbHeapFree(found.buffer);
+    EXPECT_EQ(next.buffersHeld(), held - 1);
+}
+
+TEST(SdkWithoutHost, AHostWithoutARootKeyWritesNoRegistryValues)
+{
+    sim::HostState state = sim::defaultHostState();
+    state.registryRootKey.clear();
+    sim::Host host(state);
+    EXPECT_EQ(registryValue(L"", L"ZorbLocation"), MxtString(L"(none)"));
+    EXPECT_STREQ(zbdbHostApplicationServices()->getUserRegistryProductRootKey(), L"");
+}
