@@ -3,7 +3,6 @@
 #include "ZORBAppUtilities.h"
 
 #include "host_calls.h"
-#include "support/faults.h"
 #include "support/host_test.h"
 #include "support/mxt_text.h"
 
@@ -11,11 +10,9 @@
 
 #include <gmock/gmock.h>
 
-using module_testing::faultOfKind;
 using module_testing::kReachApplication;
 using module_testing::SimulatedHostTest;
 using module_testing::text;
-using sim::FaultKind;
 using ::testing::ElementsAreArray;
 
 namespace {
@@ -39,16 +36,6 @@ TEST_F(HostAccess, DispatchBelongsToTheCallerAndLeadsToTheApplication)
               state().preferences.supportPath);
 }
 
-TEST_F(HostAccess, MissingFrameworkObjectOrDispatchIsNotAFailureOfTheDispatchQuery)
-{
-    for (const FaultKind kind : {FaultKind::noFrameworkObject, FaultKind::noDispatch}) {
-        host().clearFaults();
-        arm(faultOfKind(kind));
-        IDispatch* dispatch = kNotWritten;
-        EXPECT_EQ(ZORBAppUtilities::getCADAppDispatch(&dispatch), S_OK);
-        EXPECT_EQ(dispatch, nullptr);
-    }
-}
 
 TEST_F(HostAccess, DispatchQueryRefusesANullOutput)
 {
@@ -67,18 +54,6 @@ TEST_F(HostAccess, ApplicationIsTheTypedInterfaceWithAReferenceForTheCaller)
     EXPECT_EQ(text(MxtString(application->GetPreferences()->GetFiles()->GetDrawingPath())), L"D:\\Drawings");
 }
 
-TEST_F(HostAccess, ApplicationIsNullWheneverTheHostCannotGiveIt)
-{
-    for (const FaultKind kind :
-         {FaultKind::noFrameworkObject, FaultKind::noDispatch, FaultKind::refuseApplicationInterface}) {
-        host().clearFaults();
-        arm(faultOfKind(kind));
-        void* application = nullptr;
-        EXPECT_NO_THROW(application = ZORBAppUtilities::getCadApplication());
-        EXPECT_EQ(application, nullptr);
-        EXPECT_EQ(host().referencesHeld(), 0);
-    }
-}
 
 TEST_F(HostAccess, ExportedClassesAssignAsValues)
 {

@@ -2,14 +2,12 @@
 #include "ZORBAppUtilities.h"
 
 #include "host_calls.h"
-#include "support/faults.h"
 #include "support/host_test.h"
 #include "support/mxt_text.h"
 
 #include <gmock/gmock.h>
 
 using namespace module_testing;
-using sim::FaultKind;
 using ::testing::Contains;
 using ::testing::ElementsAreArray;
 using ::testing::Each;
@@ -32,13 +30,6 @@ TEST_F(TemplateAndDrawingPaths, TemplateFolderIsWrittenToTheFilePreferences)
     EXPECT_EQ(host().journal().entries().back().arguments.at(0).type, VT_BSTR);
 }
 
-TEST_F(TemplateAndDrawingPaths, TemplateFolderWriteTheHostRefusesIsFalse)
-{
-    const std::wstring before = state().preferences.templateDrawingFolder;
-    arm(failingCall("HostPreferencesFiles.put_TemplateDrawingFolder"));
-    EXPECT_FALSE(ZORBAppUtilities::setTemplateDwgPath(MxtString(L"D:\\MX\\Templates")));
-    EXPECT_EQ(state().preferences.templateDrawingFolder, before);
-}
 
 TEST_F(TemplateAndDrawingPaths, DrawingPathReplacesTheOutput)
 {
@@ -49,19 +40,6 @@ TEST_F(TemplateAndDrawingPaths, DrawingPathReplacesTheOutput)
     EXPECT_THAT(hostCalls(), ElementsAreArray(reachingPreferencesFiles({"HostPreferencesFiles.get_DrawingPath"})));
 }
 
-TEST_F(TemplateAndDrawingPaths, DrawingPathOutputIsClearedEvenWhenNothingCanBeRead)
-{
-    arm(withheldObject("HostPreferences.get_Files"));
-    MxtString path = kUntouched;
-    EXPECT_FALSE(ZORBAppUtilities::getCadDrawingPath(path));
-    EXPECT_EQ(text(path), L"");
-
-    host().clearFaults();
-    arm(failingCall("HostPreferencesFiles.get_DrawingPath"));
-    path = kUntouched;
-    EXPECT_FALSE(ZORBAppUtilities::getCadDrawingPath(path));
-    EXPECT_EQ(text(path), L"");
-}
 
 // The host's per-user settings, as the registry holds them below the host's product root.
 class HostResourceFiles : public SimulatedHostTest {
