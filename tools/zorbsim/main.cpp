@@ -1,7 +1,77 @@
-#include <cstdio>
+// zorbsim: runs the MX host-utilities module against the simulated Zorb host.
+#include "automation_failure.h"
+#include "commands.h"
+#include "demo_scenario.h"
+#include "input_error.h"
 
-int main()
+#include <CLI/CLI.hpp>
+
+#include <exception>
+#include <iostream>
+#include <string>
+
+namespace {
+
+void addReportOptions(CLI::App& command, zorbsim::ReportOptions& options)
 {
-    std::puts("zorbsim: the simulated host is not built yet; `zorbsim demo` arrives with it.");
-    return 0;
+    command.add_flag("--trace", options.trace, "Print the host calls of each call step under it");
+    command.add_flag("--json", options.json, "Print the report as JSON instead of text");
+    command.add_option("--dump-state", options.dumpStatePath, "Write the final host state (JSON) to FILE")
+        ->type_name("FILE");
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    using namespace zorbsim;
+
+    CLI::App app{"Runs the MX host-utilities module against the simulated Zorb host.", "zorbsim"};
+    app.require_subcommand(1);
+
+    ReportOptions reportOptions;
+    CLI::App* demo = app.add_subcommand("demo", "Play the MX product's start-up on the built-in default host");
+    addReportOptions(*demo, reportOptions);
+
+    std::string scenarioPath;
+    CLI::App* run = app.add_subcommand("run", "Run a scenario file (see docs/scenarios.md)");
+    run->add_option("SCENARIO", scenarioPath, "The scenario (JSON)")->required();
+    addReportOptions(*run, reportOptions);
+
+    std::string hostPath;
+    CLI::App* state = app.add_subcommand("state", "Print a host state as JSON");
+    state->add_option("--host", hostPath, "A host state file (default: the built-in default host)")->type_name("FILE");
+
+    app.add_subcommand("ops", "List every operation a scenario can call, with its arguments");
+
+    try {
+        app.parse(argc, argv);
+    }
+    catch (const CLI::ParseError& error) {
+        // Help exits 0; every usage error exits as bad input.
+        return app.exit(error) == 0 ? kAllPassed : kBadInput;
+    }
+
+    try {
+        if (*demo)
+            return runScenarioCommand(demoScenario(), reportOptions);
+        if (*run)
+            return runScenarioCommand(loadScenarioFile(scenarioPath), reportOptions);
+        if (*state)
+            return printStateCommand(hostPath);
+        return listOperationsCommand();
+    }
+    catch (const InputError& error) {
+        std::cerr << "zorbsim: " << error.what() << "\n";
+        return kBadInput;
+    }
+    // Failures of the module are part of the report; these would be zorbsim's own faults.
+    catch (const _com_error& error) {
+        std::cerr << "zorbsim: internal error: automation failure " << statusWithMessage(error.Error()) << "\n";
+        return kBadInput;
+    }
+    catch (const std::exception& error) {
+        std::cerr << "zorbsim: internal error: " << error.what() << "\n";
+        return kBadInput;
+    }
 }

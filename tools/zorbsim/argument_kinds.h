@@ -1,0 +1,234 @@
+// How the parameters and results of the module's exported operations cross between a scenario's
+// JSON and a real call. Each C++ type that appears in an exported signature has one ArgumentKind
+// (or ResultKind): the name `zorbsim ops` shows, whether it is an output, the value held for the
+// call, and the conversions. An operation whose signature uses a type without a kind does not
+// compile into the table: that type needs its kind here first.
+#pragma once
+
+#include "automation_failure.h"
+#include "input_error.h"
+#include "json_values.h"
+#include "text.h"
+
+#include "MxtArray"
+#include "MxtString"
+#include "automation.h"
+#include "host/application.h"
+#include "host/plot_settings.h"
+
+#include <nlohmann/json.hpp>
+
+#include <limits>
+
+namespace zorbsim {
+
+// Value types: read() takes a scenario's JSON (failing with its place), write() gives the JSON the
+// report shows.
+
+struct MxtStringValue {
+    using Held = MxtString;
+    static Held read(const nlohmann::json& value, const InputPlace& place)
+    {
+        return MxtString(readWideString(value, place).c_str());
+    }
+    static nlohmann::json write(const Held& held) { return toUtf8(held.getStringW()); }
+};
+
+struct BstrValue {
+    using Held = _bstr_t;
+    static Held read(const nlohmann::json& value, const InputPlace& place)
+    {
+        return _bstr_t(readWideString(value, place).c_str());
+    }
+    static nlohmann::json write(const Held& held)
+    {
+        return toUtf8(std::wstring_view(static_cast<const wchar_t*>(held) ? static_cast<const wchar_t*>(held) : L"",
+                                        held.length()));
+    }
+};
+
+struct StringArrayValue {
+    using Held = MxtArray<MxtString>;
+    static Held read(const nlohmann::json& value, const InputPlace& place)
+    {
+        if (!value.is_array())
+            place.fail("expected an array of strings");
+        Held strings;
+        for (std::size_t i = 0; i < value.size(); ++i)
+            strings.add(MxtStringValue::read(value[i], place / i));
+        return strings;
+    }
+    static nlohmann::json write(const Held& held)
+    {
+        nlohmann::json strings = nlohmann::json::array();
+        for (int i = 0; i < held.getLength(); ++i)
+            strings.push_back(MxtStringValue::write(held[i]));
+        return strings;
+    }
+};
+
+struct BooleanValue {
+    using Held = bool;
+    static Held read(const nlohmann::json& value, const InputPlace& place) { return readBoolean(value, place); }
+    static nlohmann::json write(Held held) { return held; }
+};
+
+struct LongValue {
+    using Held = long;
+    static Held read(const nlohmann::json& value, const InputPlace& place) { return readLong(value, place); }
+    static nlohmann::json write(Held held) { return held; }
+};
+
+struct DoubleValue {
+    using Held = double;
+    static Held read(const nlohmann::json& value, const InputPlace& place) { return readDouble(value, place); }
+    static nlohmann::json write(Held held) { return held; }
+};
+
+// The host's plot area numbers pass through unchanged, so any number is taken.
+struct PlotTypeValue {
+    using Held = ZbDbPlotSettings::PlotType;
+    static Held read(const nlohmann::json& value, const InputPlace& place)
+    {
+        const long number = readLong(value, place);
+        if (number < std::numeric_limits<int>::min() || number > std::numeric_limits<int>::max())
+            place.fail("expected a plot type number");
+        return static_cast<Held>(number);
+    }
+    static nlohmann::json write(Held held) { return static_cast<int>(held); }
+};
+
+// Parameters. Every kind passes its held value to the call; output kinds read it back afterwards.
+
+template <class Value, bool output>
+struct ParameterKind : Value {
+    static constexpr bool isOutput = output;
+    static typename Value::Held& pass(typename Value::Held& held) { return held; }
+    // An expected output value must have the shape of a starting value.
+    static void checkOutcome(const nlohmann::json& value, const InputPlace& place) { (void)Value::read(value, place); }
+};
+
+template <class Parameter>
+struct ArgumentKind;
+
+template <>
+struct ArgumentKind<const MxtString&> : ParameterKind<MxtStringValue, false> {
+    static constexpr const char* name = "string";
+};
+template <>
+struct ArgumentKind<MxtString&> : ParameterKind<MxtStringValue, true> {
+    static constexpr const char* name = "output string";
+};
+template <>
+struct ArgumentKind<const _bstr_t&> : ParameterKind<BstrValue, false> {
+    static constexpr const char* name = "string";
+};
+template <>
+struct ArgumentKind<_bstr_t&> : ParameterKind<BstrValue, true> {
+    static constexpr const char* name = "output string";
+};
+template <>
+struct ArgumentKind<const MxtArray<MxtString>&> : ParameterKind<StringArrayValue, false> {
+    static constexpr const char* name = "string array";
+};
+template <>
+struct ArgumentKind<bool> : ParameterKind<BooleanValue, false> {
+    static constexpr const char* name = "bool";
+};
+template <>
+struct ArgumentKind<long> : ParameterKind<LongValue, false> {
+    static constexpr const char* name = "long";
+};
+template <>
+struct ArgumentKind<long&> : ParameterKind<LongValue, true> {
+    static constexpr const char* name = "output long";
+};
+template <>
+struct ArgumentKind<double> : ParameterKind<DoubleValue, false> {
+    static constexpr const char* name = "double";
+};
+template <>
+struct ArgumentKind<ZbDbPlotSettings::PlotType> : ParameterKind<PlotTypeValue, false> {
+    static constexpr const char* name = "plot type";
+};
+
+// An object the module hands out with a reference for the caller; the held smart pointer releases
+// it once the call is reported. The report shows "IDispatch", or null when none came.
+template <>
+struct ArgumentKind<IDispatch**> {
+    static constexpr const char* name = "output object";
+    static constexpr bool isOutput = true;
+    using Held = IDispatchPtr;
+    static Held read(const nlohmann::json& value, const InputPlace& place)
+    {
+        if (!value.is_null())
+            place.fail("an output object starts as null");
+        return Held();
+    }
+    static nlohmann::json write(const Held& held) { return held ? nlohmann::json("IDispatch") : nlohmann::json(); }
+    static IDispatch** pass(Held& held) { return &held; }
+    static void checkOutcome(const nlohmann::json& value, const InputPlace& place)
+    {
+        if (!value.is_null() && value != "IDispatch")
+            place.fail("expected \"IDispatch\" or null");
+    }
+};
+
+// Results.
+
+template <class Value>
+struct ResultOf : Value {
+    static void check(const nlohmann::json& value, const InputPlace& place) { (void)Value::read(value, place); }
+};
+
+template <class Result>
+struct ResultKind;
+
+template <>
+struct ResultKind<bool> : ResultOf<BooleanValue> {
+    static constexpr const char* name = "bool";
+};
+template <>
+struct ResultKind<long> : ResultOf<LongValue> {
+    static constexpr const char* name = "long";
+};
+template <>
+struct ResultKind<MxtString> : ResultOf<MxtStringValue> {
+    static constexpr const char* name = "string";
+};
+
+// A status code that an operation returns in a `long`; shown in hex with the platform's text for
+// it, as every status is.
+struct StatusCode {
+    long code = 0;
+};
+
+template <>
+struct ResultKind<StatusCode> {
+    static constexpr const char* name = "status";
+    static nlohmann::json write(StatusCode status) { return hexStatus(static_cast<HRESULT>(status.code)); }
+    static void check(const nlohmann::json& value, const InputPlace& place) { (void)readStatusCode(value, place); }
+    static std::string display(const nlohmann::json& value)
+    {
+        return statusWithMessage(readStatusCode(value, InputPlace("status")));
+    }
+};
+
+// The one untyped pointer the module returns is the host application, with a reference for the
+// caller; it is released here. The report shows "HostApplication", or null.
+template <>
+struct ResultKind<void*> {
+    static constexpr const char* name = "application object";
+    static nlohmann::json write(void* object)
+    {
+        const HostApplicationPtr application(static_cast<HostApplication*>(object), false);
+        return application ? nlohmann::json("HostApplication") : nlohmann::json();
+    }
+    static void check(const nlohmann::json& value, const InputPlace& place)
+    {
+        if (!value.is_null() && value != "HostApplication")
+            place.fail("expected \"HostApplication\" or null");
+    }
+};
+
+}  // namespace zorbsim

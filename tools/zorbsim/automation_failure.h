@@ -1,0 +1,28 @@
+// Automation failures and status codes as the report shows them: the code in hex with the
+// platform's text for it, and the description the failing object left, if any.
+#pragma once
+
+#include "automation.h"
+
+#include <optional>
+#include <string>
+
+namespace zorbsim {
+
+struct AutomationFailure {
+    HRESULT code = S_OK;
+    std::string message;      // the platform's text for the code
+    std::string description;  // from the failing object's error information; empty when none was set
+};
+
+AutomationFailure describeFailure(const _com_error& error);
+
+// "0x80004005"
+std::string hexStatus(HRESULT code);
+// "0x80004005 (Unspecified error)"
+std::string statusWithMessage(HRESULT code);
+
+// Reads "0x80004005" (eight hex digits after "0x"); none for anything else.
+std::optional<HRESULT> parseHexStatus(const std::string& text);
+
+}  // namespace zorbsim

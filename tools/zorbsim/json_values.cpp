@@ -1,0 +1,71 @@
+#include "json_values.h"
+
+#include "automation_failure.h"
+#include "text.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace zorbsim {
+
+std::string readString(const nlohmann::json& value, const InputPlace& place)
+{
+    if (!value.is_string())
+        place.fail("expected a string");
+    return value.get<std::string>();
+}
+
+std::wstring readWideString(const nlohmann::json& value, const InputPlace& place)
+{
+    return fromUtf8(readString(value, place));
+}
+
+bool readBoolean(const nlohmann::json& value, const InputPlace& place)
+{
+    if (!value.is_boolean())
+        place.fail("expected true or false");
+    return value.get<bool>();
+}
+
+long readLong(const nlohmann::json& value, const InputPlace& place)
+{
+    const bool fits = value.is_number_unsigned()
+                          ? value.get<unsigned long long>() <= static_cast<unsigned long long>(std::numeric_limits<long>::max())
+                          : value.is_number_integer() && value.get<long long>() >= std::numeric_limits<long>::min() &&
+                                value.get<long long>() <= std::numeric_limits<long>::max();
+    if (!fits)
+        place.fail("expected a whole number from " + std::to_string(std::numeric_limits<long>::min()) + " to " +
+                   std::to_string(std::numeric_limits<long>::max()));
+    return static_cast<long>(value.get<long long>());
+}
+
+double readDouble(const nlohmann::json& value, const InputPlace& place)
+{
+    if (!value.is_number())
+        place.fail("expected a number");
+    return value.get<double>();
+}
+
+HRESULT readStatusCode(const nlohmann::json& value, const InputPlace& place)
+{
+    const auto status = value.is_string() ? parseHexStatus(value.get<std::string>()) : std::nullopt;
+    if (!status)
+        place.fail("expected a status code in hex, such as \"0x80004005\"");
+    return *status;
+}
+
+void requireKnownKeys(const nlohmann::json& object, std::initializer_list<const char*> allowed, const InputPlace& place)
+{
+    for (const auto& member : object.items()) {
+        const bool known = std::any_of(allowed.begin(), allowed.end(),
+                                       [&](const char* key) { return member.key() == key; });
+        if (known)
+            continue;
+        std::string names;
+        for (const char* key : allowed)
+            names += std::string(names.empty() ? "" : ", ") + "\"" + key + "\"";
+        (place / member.key()).fail("unknown member; expected one of " + names);
+    }
+}
+
+}  // namespace zorbsim

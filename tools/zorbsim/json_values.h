@@ -1,0 +1,27 @@
+// Reading the basic JSON values of scenario files, failing with the value's place.
+#pragma once
+
+#include "input_error.h"
+
+#include "automation.h"
+
+#include <nlohmann/json.hpp>
+
+#include <initializer_list>
+#include <string>
+
+namespace zorbsim {
+
+std::string readString(const nlohmann::json& value, const InputPlace& place);
+std::wstring readWideString(const nlohmann::json& value, const InputPlace& place);
+bool readBoolean(const nlohmann::json& value, const InputPlace& place);
+// A whole number that fits a `long` of this build (32 bits on Windows).
+long readLong(const nlohmann::json& value, const InputPlace& place);
+double readDouble(const nlohmann::json& value, const InputPlace& place);
+// A status code in hex, "0x80004005".
+HRESULT readStatusCode(const nlohmann::json& value, const InputPlace& place);
+
+// Fails on a key outside `allowed`, naming the keys that are allowed.
+void requireKnownKeys(const nlohmann::json& object, std::initializer_list<const char*> allowed, const InputPlace& place);
+
+}  // namespace zorbsim

@@ -1,0 +1,80 @@
+// One exported operation of the module as zorbsim calls it: its name, its parameters by name and
+// kind, its result kind, and the adapter that makes the real call from JSON arguments.
+#pragma once
+
+#include "input_error.h"
+
+#include <nlohmann/json.hpp>
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace zorbsim {
+
+using CheckValue = std::function<void(const nlohmann::json& value, const InputPlace& place)>;
+
+struct ParameterInfo {
+    std::string name;        // as in the operation's signature
+    std::string kind;        // "string", "output string", "string array" ...
+    bool isOutput = false;
+    nlohmann::json startingValue;  // what an output starts from when the scenario gives none
+    CheckValue checkOutcome;       // outputs: a value the scenario expects after the call
+};
+
+struct ResultInfo {
+    std::string kind;
+    CheckValue checkOutcome;
+    // How the text report shows a result of this kind; none: as any JSON value.
+    std::function<std::string(const nlohmann::json& value)> display;
+};
+
+// What a call gave back: its result (none for operations returning nothing) and the values of its
+// output parameters, in signature order.
+struct CallOutcome {
+    std::optional<nlohmann::json> result;
+    std::vector<std::pair<std::string, nlohmann::json>> outputs;
+};
+
+// A call with its arguments converted for the module, ready to run once the host is in place.
+struct BoundCall {
+    nlohmann::json arguments;            // every parameter by name, outputs with their starting values
+    std::function<CallOutcome()> run;    // automation failures and whatever else the module raises pass through
+};
+
+class Operation {
+public:
+    // Converts arguments that name every parameter into the values the call passes; a mistyped
+    // value fails at its place.
+    using Binder = std::function<std::function<CallOutcome()>(const nlohmann::json& arguments, const InputPlace& place)>;
+
+    Operation(std::string className, std::string name, std::vector<ParameterInfo> parameters,
+              std::optional<ResultInfo> result, Binder binder);
+
+    const std::string& className() const { return m_className; }
+    const std::string& name() const { return m_name; }
+    std::string qualifiedName() const { return m_className + "::" + m_name; }
+    const std::vector<ParameterInfo>& parameters() const { return m_parameters; }
+    const std::optional<ResultInfo>& result() const { return m_result; }
+    const ParameterInfo* findParameter(const std::string& name) const;
+
+    // "ZORBAppUtilities::getHatchFilePath(valueName: string, path: output string) -> bool"
+    std::string signature() const;
+
+    // Takes a scenario's "args" (null when absent): every input must be given, outputs start from
+    // their starting value unless given one. Unknown, missing or mistyped arguments fail at `place`.
+    // The values are converted here, before any fault of the host is armed, so that a fault that
+    // fails the n-th string allocation counts the module's allocations only.
+    BoundCall bind(const nlohmann::json& arguments, const InputPlace& place) const;
+
+private:
+    std::string m_className;
+    std::string m_name;
+    std::vector<ParameterInfo> m_parameters;
+    std::optional<ResultInfo> m_result;
+    Binder m_binder;
+};
+
+}  // namespace zorbsim

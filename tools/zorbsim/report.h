@@ -1,0 +1,15 @@
+// The report of a run, for people (text) or programs (JSON). Both end with the tally of steps.
+#pragma once
+
+#include "run_result.h"
+#include "scenario.h"
+
+#include <ostream>
+
+namespace zorbsim {
+
+// `trace`: the host calls of each call step, under it.
+void printTextReport(std::ostream& out, const Scenario& scenario, const RunResult& run, bool trace);
+void printJsonReport(std::ostream& out, const Scenario& scenario, const RunResult& run, bool trace);
+
+}  // namespace zorbsim

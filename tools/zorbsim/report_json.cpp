@@ -1,0 +1,102 @@
+#include "report.h"
+
+#include "automation_failure.h"
+
+#include <variant>
+
+namespace zorbsim {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+Json hostCallJson(const sim::JournalEntry& entry)
+{
+    Json arguments = Json::array();
+    for (const sim::JournalArgument& argument : entry.arguments)
+        arguments.push_back({{"type", sim::variantTypeName(argument.type)}, {"value", argument.value}});
+    return {{"object", entry.object},
+            {"method", entry.method},
+            {"arguments", std::move(arguments)},
+            {"status", sim::statusName(entry.status)}};
+}
+
+void addCall(Json& report, const CallStep& call, const StepResult& result, bool trace)
+{
+    report["call"] = call.operation->qualifiedName();
+    Json arguments = Json::object();
+    for (const ParameterInfo& parameter : call.operation->parameters())
+        arguments[parameter.name] = Json(call.bound.arguments.at(parameter.name));
+    report["args"] = std::move(arguments);
+    if (result.outcome) {
+        if (result.outcome->result)
+            report["result"] = Json(*result.outcome->result);
+        Json outputs = Json::object();
+        for (const auto& [name, value] : result.outcome->outputs)
+            outputs[name] = Json(value);
+        report["outputs"] = std::move(outputs);
+    }
+    if (result.failure) {
+        report["failure"] = {{"code", hexStatus(result.failure->code)},
+                             {"message", result.failure->message},
+                             {"description", result.failure->description}};
+    }
+    if (result.otherException)
+        report["exception"] = *result.otherException;
+    report["referencesHeld"] = result.referencesHeld;
+    if (trace) {
+        Json calls = Json::array();
+        for (const sim::JournalEntry& entry : result.hostCalls)
+            calls.push_back(hostCallJson(entry));
+        report["hostCalls"] = std::move(calls);
+    }
+}
+
+Json expectationsJson(const StepResult& result)
+{
+    Json expectations = Json::array();
+    for (const ExpectationResult& expectation : result.expectations) {
+        Json item = {{"subject", expectation.subject}, {"expected", Json(expectation.expected)}};
+        if (expectation.actual)
+            item["actual"] = Json(*expectation.actual);
+        item["passed"] = expectation.passed;
+        expectations.push_back(std::move(item));
+    }
+    return expectations;
+}
+
+const char* kindName(const StepAction& action)
+{
+    return std::holds_alternative<CallStep>(action) ? "call" : std::holds_alternative<FaultsStep>(action) ? "faults" : "expectHost";
+}
+
+}  // namespace
+
+void printJsonReport(std::ostream& out, const Scenario& scenario, const RunResult& run, bool trace)
+{
+    Json steps = Json::array();
+    for (const StepResult& result : run.steps) {
+        const Step& step = *result.step;
+        Json report = {{"step", step.number}, {"kind", kindName(step.action)}};
+        if (!step.title.empty())
+            report["title"] = step.title;
+        if (const auto* call = std::get_if<CallStep>(&step.action))
+            addCall(report, *call, result, trace);
+        if (const auto* faults = std::get_if<FaultsStep>(&step.action)) {
+            report["clear"] = faults->clear;
+            report["arm"] = Json(faults->armed);
+        }
+        report["expectations"] = expectationsJson(result);
+        report["passed"] = result.passed();
+        steps.push_back(std::move(report));
+    }
+    Json document = {{"scenario", scenario.name}};
+    if (!scenario.description.empty())
+        document["description"] = scenario.description;
+    document["host"] = scenario.hostDescription;
+    document["steps"] = std::move(steps);
+    document["passed"] = run.passedSteps();
+    document["failed"] = run.failedSteps();
+    out << document.dump(2) << "\n";
+}
+
+}  // namespace zorbsim

@@ -1,0 +1,55 @@
+// What running a scenario gave: per step the call's outcome or failure, the host calls it made,
+// and how each expectation came out; and the host state at the end.
+#pragma once
+
+#include "automation_failure.h"
+#include "operation.h"
+#include "scenario.h"
+
+#include "sim/journal.h"
+
+#include <nlohmann/json.hpp>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace zorbsim {
+
+enum class ExpectationKind {
+    value,      // a result, an output or a host state path held its value
+    throws,     // the expected automation failure came
+    noFailure,  // no automation failure was expected, so none may come
+};
+
+struct ExpectationResult {
+    ExpectationKind kind = ExpectationKind::value;
+    std::string subject;                   // "result", "path", "throws", "/preferences/supportPath" ...
+    nlohmann::json expected;               // throws, noFailure: status texts
+    std::optional<nlohmann::json> actual;  // none: the call gave no such value, or the path is absent
+    bool passed = false;
+};
+
+struct StepResult {
+    const Step* step = nullptr;
+    // Calls: exactly one of these three is set.
+    std::optional<CallOutcome> outcome;
+    std::optional<AutomationFailure> failure;
+    std::optional<std::string> otherException;  // anything but an automation failure escaped the module
+    std::vector<sim::JournalEntry> hostCalls;
+    long referencesHeld = 0;  // host references still held after the call
+    std::vector<ExpectationResult> expectations;
+
+    bool escaped() const { return failure.has_value() || otherException.has_value(); }
+    bool passed() const;
+};
+
+struct RunResult {
+    std::vector<StepResult> steps;
+    nlohmann::json finalState;
+
+    int passedSteps() const;
+    int failedSteps() const;
+};
+
+}  // namespace zorbsim

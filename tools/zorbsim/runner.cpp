@@ -1,0 +1,68 @@
+#include "runner.h"
+
+#include "expectations.h"
+
+#include "sim/host.h"
+#include "sim/state_json.h"
+
+#include <exception>
+#include <type_traits>
+
+namespace zorbsim {
+namespace {
+
+void runCall(sim::Host& host, const CallStep& call, StepResult& result)
+{
+    host.journal().clear();
+    try {
+        result.outcome = call.bound.run();
+    }
+    catch (const _com_error& error) {
+        result.failure = describeFailure(error);
+    }
+    catch (const std::exception& error) {
+        result.otherException = error.what();
+    }
+    catch (...) {
+        result.otherException = "an exception of unknown type";
+    }
+    result.hostCalls = host.journal().entries();
+    result.referencesHeld = host.referencesHeld();
+    result.expectations = checkCall(call.expect, result);
+}
+
+void applyFaults(sim::Host& host, const FaultsStep& faults)
+{
+    if (faults.clear)
+        host.clearFaults();
+    for (const sim::Fault& fault : faults.arm)
+        host.armFault(fault);
+}
+
+}  // namespace
+
+RunResult runScenario(sim::HostState state, const std::vector<Step>& steps)
+{
+    sim::Host host(std::move(state));
+    RunResult run;
+    for (const Step& step : steps) {
+        StepResult result;
+        result.step = &step;
+        std::visit(
+            [&](const auto& action) {
+                using Action = std::decay_t<decltype(action)>;
+                if constexpr (std::is_same_v<Action, CallStep>)
+                    runCall(host, action, result);
+                else if constexpr (std::is_same_v<Action, FaultsStep>)
+                    applyFaults(host, action);
+                else
+                    result.expectations = checkHost(action, sim::stateToJson(host.state()));
+            },
+            step.action);
+        run.steps.push_back(std::move(result));
+    }
+    run.finalState = sim::stateToJson(host.state());
+    return run;
+}
+
+}  // namespace zorbsim

@@ -1,0 +1,17 @@
+// Plays a scenario's steps on a simulated host built from its state.
+#pragma once
+
+#include "run_result.h"
+#include "scenario.h"
+
+#include "sim/model.h"
+
+#include <vector>
+
+namespace zorbsim {
+
+// Installs a host with `host` for the run and removes it afterwards. Failures that escape a call
+// are part of the result, never thrown.
+RunResult runScenario(sim::HostState host, const std::vector<Step>& steps);
+
+}  // namespace zorbsim

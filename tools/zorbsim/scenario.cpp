@@ -1,0 +1,195 @@
+#include "scenario.h"
+
+#include "input_error.h"
+#include "json_file.h"
+#include "json_values.h"
+#include "operations.h"
+#include "state_file.h"
+
+#include "sim/host.h"
+#include "sim/state_json.h"
+
+#include <filesystem>
+
+namespace zorbsim {
+namespace {
+
+using nlohmann::json;
+
+void readHost(const json& document, const InputPlace& root, const std::string& folder, Scenario& scenario)
+{
+    const json host = document.value("host", json());
+    const InputPlace place = root / "host";
+    if (host.is_null()) {
+        scenario.host = sim::defaultHostState();
+        scenario.hostDescription = "built-in default host";
+    }
+    else if (host.is_object()) {
+        try {
+            scenario.host = sim::stateFromJson(host);
+        }
+        catch (const sim::StateError& error) {
+            place.failNested(error.what());
+        }
+        scenario.hostDescription = "inline host state";
+    }
+    else if (host.is_string()) {
+        const std::string path = (std::filesystem::path(folder) / host.get<std::string>()).string();
+        scenario.host = readStateFile(path);
+        scenario.hostDescription = path;
+    }
+    else {
+        place.fail("expected a host state object, or the path of a host state file");
+    }
+}
+
+CallExpectations readCallExpectations(const json& expect, const Operation& operation, const InputPlace& place)
+{
+    CallExpectations expectations;
+    if (expect.is_null())
+        return expectations;
+    if (!expect.is_object())
+        place.fail("expected an object with \"result\", \"outputs\" or \"throws\"");
+    requireKnownKeys(expect, {"result", "outputs", "throws"}, place);
+    if (expect.contains("throws")) {
+        if (expect.contains("result") || expect.contains("outputs"))
+            place.fail("\"throws\" cannot be combined with \"result\" or \"outputs\": a failed call gives neither");
+        expectations.throws = readStatusCode(expect["throws"], place / "throws");
+    }
+    if (expect.contains("result")) {
+        if (!operation.result())
+            (place / "result").fail(operation.signature() + " returns nothing");
+        operation.result()->checkOutcome(expect["result"], place / "result");
+        expectations.result = expect["result"];
+    }
+    if (expect.contains("outputs")) {
+        const json& outputs = expect["outputs"];
+        if (!outputs.is_object())
+            (place / "outputs").fail("expected an object of output parameters by name");
+        for (const auto& output : outputs.items()) {
+            const ParameterInfo* parameter = operation.findParameter(output.key());
+            if (parameter == nullptr || !parameter->isOutput)
+                (place / "outputs" / output.key()).fail("not an output parameter of " + operation.signature());
+            parameter->checkOutcome(output.value(), place / "outputs" / output.key());
+        }
+        // Checked and reported in the order of the signature.
+        for (const ParameterInfo& parameter : operation.parameters()) {
+            if (outputs.contains(parameter.name))
+                expectations.outputs.emplace_back(parameter.name, outputs[parameter.name]);
+        }
+    }
+    return expectations;
+}
+
+CallStep readCallStep(const json& step, const InputPlace& place)
+{
+    requireKnownKeys(step, {"title", "call", "args", "expect"}, place);
+    CallStep call;
+    call.operation = &findOperation(readString(step["call"], place / "call"), place / "call");
+    call.bound = call.operation->bind(step.value("args", json()), place / "args");
+    call.expect = readCallExpectations(step.value("expect", json()), *call.operation, place / "expect");
+    return call;
+}
+
+FaultsStep readFaultsStep(const json& step, const InputPlace& stepPlace)
+{
+    requireKnownKeys(step, {"title", "faults"}, stepPlace);
+    const json& faults = step["faults"];
+    const InputPlace place = stepPlace / "faults";
+    if (!faults.is_object() || faults.empty())
+        place.fail("expected an object with \"clear\": true and/or \"arm\": [faults]");
+    requireKnownKeys(faults, {"clear", "arm"}, place);
+    FaultsStep result;
+    if (faults.contains("clear")) {
+        result.clear = readBoolean(faults["clear"], place / "clear");
+        if (!result.clear)
+            (place / "clear").fail("only true makes sense here; leave \"clear\" out to keep the armed faults");
+    }
+    if (faults.contains("arm")) {
+        result.armed = faults["arm"];
+        try {
+            result.arm = sim::faultsFromJson(result.armed);
+        }
+        catch (const sim::StateError& error) {
+            (place / "arm").failNested(error.what());
+        }
+        for (std::size_t i = 0; i < result.arm.size(); ++i) {
+            if (result.arm[i].kind == sim::FaultKind::failStringAllocation && !sim::canFailStringAllocation())
+                (place / "arm" / i).fail("string allocation cannot be made to fail in this build");
+        }
+    }
+    return result;
+}
+
+ExpectHostStep readExpectHostStep(const json& step, const InputPlace& stepPlace)
+{
+    requireKnownKeys(step, {"title", "expectHost"}, stepPlace);
+    const json& paths = step["expectHost"];
+    const InputPlace place = stepPlace / "expectHost";
+    if (!paths.is_object() || paths.empty())
+        place.fail("expected an object of JSON pointers into the host state with the values they must hold");
+    ExpectHostStep result;
+    for (const auto& path : paths.items()) {
+        try {
+            (void)json::json_pointer(path.key());
+        }
+        catch (const json::exception&) {
+            (place / path.key()).fail("not a JSON pointer (such as \"/preferences/supportPath\")");
+        }
+        result.expectations.push_back({path.key(), path.value()});
+    }
+    return result;
+}
+
+Step readStep(const json& step, std::size_t index, const InputPlace& root)
+{
+    const InputPlace place = root.step(index);
+    if (!step.is_object())
+        place.fail("expected an object with one of \"call\", \"faults\" or \"expectHost\"");
+    requireKnownKeys(step, {"title", "call", "args", "expect", "faults", "expectHost"}, place);
+    const int kinds = static_cast<int>(step.contains("call")) + static_cast<int>(step.contains("faults")) +
+                      static_cast<int>(step.contains("expectHost"));
+    if (kinds != 1)
+        place.fail("a step has exactly one of \"call\", \"faults\" or \"expectHost\"");
+    Step result;
+    result.number = static_cast<int>(index) + 1;
+    if (step.contains("title"))
+        result.title = readString(step["title"], place / "title");
+    if (step.contains("call"))
+        result.action = readCallStep(step, place);
+    else if (step.contains("faults"))
+        result.action = readFaultsStep(step, place);
+    else
+        result.action = readExpectHostStep(step, place);
+    return result;
+}
+
+}  // namespace
+
+Scenario parseScenario(const json& document, const std::string& name, const std::string& folder)
+{
+    const InputPlace root(name);
+    if (!document.is_object())
+        root.fail("expected an object with \"steps\"");
+    requireKnownKeys(document, {"description", "host", "steps"}, root);
+    Scenario scenario;
+    scenario.name = name;
+    if (document.contains("description"))
+        scenario.description = readString(document["description"], root / "description");
+    readHost(document, root, folder, scenario);
+    if (!document.contains("steps"))
+        root.fail("missing \"steps\"");
+    const json& steps = document["steps"];
+    if (!steps.is_array())
+        (root / "steps").fail("expected an array of steps");
+    for (std::size_t i = 0; i < steps.size(); ++i)
+        scenario.steps.push_back(readStep(steps[i], i, root));
+    return scenario;
+}
+
+Scenario loadScenarioFile(const std::string& path)
+{
+    return parseScenario(readJsonFile(path), path, std::filesystem::path(path).parent_path().string());
+}
+
+}  // namespace zorbsim
