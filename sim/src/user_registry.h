@@ -1,9 +1,13 @@
 // The per-user registry values of the installed host, put below the current user's hive where
 // the module reads them (the real hive on Windows). What the host puts there it takes away again,
-// without harming a key it did not create.
+// without harming a key it did not create; on Windows one simulated host at a time, of all the
+// user's processes, owns the registry.
 #pragma once
 
+#include "registry_access.h"
+
 #include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -22,8 +26,8 @@ public:
     // the host's to fill; no values write nothing either.
     void write(const std::wstring& rootKey, const Values& values);
 
-    // Deletes the root key when writing created it; otherwise puts back the values it overwrote
-    // (values that it added to an existing key stay).
+    // Deletes the root key (and the empty keys above it) when writing created it; otherwise puts
+    // back the values it overwrote (values that it added to an existing key stay).
     void erase();
 
 private:
@@ -33,8 +37,12 @@ private:
         std::wstring previous;
     };
 
+    void undo();
+
+    std::unique_ptr<RegistryLock> m_lock;
     std::wstring m_rootKey;
     bool m_createdRootKey = false;
+    std::wstring m_keptAbove;  // the deepest key above the root that was there before
     std::vector<Overwritten> m_overwritten;
 };
 

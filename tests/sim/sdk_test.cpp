@@ -94,7 +94,7 @@ TEST(SdkWithoutHost, EveryFunctionReportsFailureAndTheEnvironmentIsCleanedUp)
 
 TEST(SdkWithoutHost, AKeyThatWasThereBeforeTheHostIsLeftInPlace)
 {
-    const wchar_t* root = L"Software\\Zorb\\Zorb2026\\Profile-Kept";
+    const wchar_t* root = L"Software\\MX simulated host test";  // right below a key that is there
     MxtRegistry::setRegValueCurrentUser(root, L"ZorbLocation", L"E:\\Zorb");
     MxtRegistry::setRegValueCurrentUser(root, L"Owner", L"someone else");
     sim::HostState state = sim::defaultHostState();
@@ -150,4 +150,18 @@ TEST(SdkWithoutHost, AHostWithoutARootKeyWritesNoRegistryValues)
     sim::Host host(state);
     EXPECT_EQ(registryValue(L"", L"ZorbLocation"), MxtString(L"(none)"));
     EXPECT_STREQ(zbdbHostApplicationServices()->getUserRegistryProductRootKey(), L"");
+}
+
+TEST(SdkWithoutHost, AKeyASimulatedHostLeftBehindIsTakenBackAsItsOwn)
+{
+    const wchar_t* root = L"Software\\MX simulated host leftover";
+    MxtRegistry::setRegValueCurrentUser(root, L"ZorbLocation", L"C:\\Old");
+    MxtRegistry::setRegValueCurrentUser(root, L"MX.SimulatedHost", L"created by the simulated host");
+    sim::HostState state = sim::defaultHostState();
+    state.registryRootKey = root;
+    {
+        sim::Host host(state);
+        EXPECT_EQ(registryValue(root, L"ZorbLocation"), MxtString(L"C:\\Program Files\\Zorb 2026"));
+    }
+    EXPECT_EQ(registryValue(root, L"ZorbLocation"), MxtString(L"(none)"));
 }
