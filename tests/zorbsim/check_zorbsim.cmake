@@ -1,0 +1,40 @@
+# Runs zorbsim once and checks what a user would see: the exit code, and patterns in stdout and
+# stderr. With ABSENT_FILE, that file must not exist afterwards (nothing half written).
+#   cmake -DZORBSIM=... "-DARGS=run|a.json" -DEXIT=2 [-DSTDOUT=regex] [-DSTDERR=regex]
+#         [-DABSENT_FILE=path] [-DWRITTEN_FILE=path -DWRITTEN=regex] -P check_zorbsim.cmake
+# Arguments come separated by "|": a ";" would not survive add_test.
+string(REPLACE "|" ";" ARGS "${ARGS}")
+
+if(DEFINED ABSENT_FILE)
+  file(REMOVE "${ABSENT_FILE}")
+endif()
+if(DEFINED WRITTEN_FILE)
+  file(REMOVE "${WRITTEN_FILE}")
+endif()
+
+execute_process(COMMAND "${ZORBSIM}" ${ARGS}
+  RESULT_VARIABLE exit_code OUTPUT_VARIABLE out ERROR_VARIABLE err)
+message("${out}")
+message("${err}")
+
+if(NOT exit_code STREQUAL "${EXIT}")
+  message(FATAL_ERROR "zorbsim exited with ${exit_code}, expected ${EXIT}")
+endif()
+if(DEFINED STDOUT AND NOT out MATCHES "${STDOUT}")
+  message(FATAL_ERROR "stdout does not match: ${STDOUT}")
+endif()
+if(DEFINED STDERR AND NOT err MATCHES "${STDERR}")
+  message(FATAL_ERROR "stderr does not match: ${STDERR}")
+endif()
+if(DEFINED ABSENT_FILE AND EXISTS "${ABSENT_FILE}")
+  message(FATAL_ERROR "${ABSENT_FILE} was written")
+endif()
+if(DEFINED WRITTEN_FILE)
+  if(NOT EXISTS "${WRITTEN_FILE}")
+    message(FATAL_ERROR "${WRITTEN_FILE} was not written")
+  endif()
+  file(READ "${WRITTEN_FILE}" written)
+  if(NOT written MATCHES "${WRITTEN}")
+    message(FATAL_ERROR "${WRITTEN_FILE} does not match: ${WRITTEN}")
+  endif()
+endif()
