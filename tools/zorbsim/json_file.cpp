@@ -5,8 +5,10 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <filesystem>
 #include <fstream>
 #include <sstream>
+#include <system_error>
 
 namespace zorbsim {
 namespace {
@@ -51,6 +53,9 @@ nlohmann::json parseJsonText(const std::string& text, const std::string& source)
 
 nlohmann::json readJsonFile(const std::string& path)
 {
+    std::error_code ignored;
+    if (std::filesystem::is_directory(path, ignored))
+        throw InputError(path + ": cannot read (it is a folder)");
     std::ifstream file(path, std::ios::binary);
     if (!file)
         throw InputError(path + ": cannot read (" + std::strerror(errno) + ")");

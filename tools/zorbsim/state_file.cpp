@@ -4,6 +4,8 @@
 
 #include "sim/state_json.h"
 
+#include <cerrno>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <system_error>
@@ -26,6 +28,8 @@ void writeStateFile(const std::string& path, const nlohmann::json& state)
     const std::filesystem::path temporary = target.string() + ".partial";
     {
         std::ofstream file(temporary, std::ios::binary | std::ios::trunc);
+        if (!file)
+            throw InputError(path + ": cannot write the host state (" + std::strerror(errno) + ")");
         file << state.dump(2) << "\n";
         file.close();
         if (!file) {
