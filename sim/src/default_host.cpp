@@ -2,7 +2,7 @@
 // toolbars, the MX menu files in the MX support folder but not yet loaded, one drawing open.
 #include "sim/host.h"
 
-#include "model_builders.h"
+#include "default_menus.h"
 
 namespace sim {
 

@@ -1,5 +1,7 @@
 // The menu groups of the default host: the host's own group, and the MX product's menu files
 // as its installation puts them into the support folder.
+#include "default_menus.h"
+
 #include "model_builders.h"
 
 namespace sim::detail {

@@ -84,9 +84,4 @@ inline std::shared_ptr<Toolbar> toolbar(std::wstring name, std::wstring tag, Pla
     return built;
 }
 
-// The groups of the default host (default_menus.cpp).
-std::shared_ptr<MenuGroup> hostMenuGroup();
-std::shared_ptr<MenuGroup> mxMenuGroup();
-std::shared_ptr<MenuGroup> mxToolsMenuGroup();
-
 }  // namespace sim::detail

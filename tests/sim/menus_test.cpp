@@ -33,6 +33,8 @@ TEST_F(Menus, CollectionsRefuseBadIndexesNamingWhatWasWrong)
     _com_error outOfRange = failureOf([&] { groups->Item(indexOf(VT_I4, 7)); });
     EXPECT_EQ(outOfRange.Error(), DISP_E_BADINDEX);
     EXPECT_EQ(descriptionOf(outOfRange), L"no menu group at index 7");
+    EXPECT_EQ(outOfRange.Source(), _bstr_t(L"Zorb.HostMenuGroups"));
+    EXPECT_TRUE(outOfRange.GUID_() == __uuidof(HostMenuGroups));
     EXPECT_EQ(failureOf([&] { groups->Item(indexOf(VT_I4, -1)); }).Error(), DISP_E_BADINDEX);
 
     _com_error unknown = failureOf([&] { groups->Item(_variant_t(L"NOPE")); });

@@ -12,8 +12,8 @@ Call::Call(HostCore& core, const CallSubject& subject, const char* method,
         // The journal belongs to the host that is gone; nothing is recorded.
         m_ended = true;
         m_status = E_UNEXPECTED;
-        if (const IID* iid = subject.errorInterface())
-            setErrorInformation(*iid, subject.errorSource(), L"the simulated host was shut down");
+        if (const auto origin = subject.errorOrigin())
+            setErrorInformation(*origin->iid, origin->source, L"the simulated host was shut down");
         return;
     }
     m_recording = core.journal.enabled();
@@ -45,8 +45,8 @@ HRESULT Call::succeed()
 
 HRESULT Call::fail(HRESULT status, const std::wstring& description)
 {
-    if (const IID* iid = m_subject.errorInterface())
-        setErrorInformation(*iid, m_subject.errorSource(), description);
+    if (const auto origin = m_subject.errorOrigin())
+        setErrorInformation(*origin->iid, origin->source, description);
     end(status);
     return status;
 }

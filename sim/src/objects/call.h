@@ -8,6 +8,7 @@
 #include "objects/arguments.h"
 
 #include <initializer_list>
+#include <optional>
 #include <string>
 
 namespace sim::detail {
@@ -18,10 +19,13 @@ public:
     virtual std::string journalName() const = 0;
     // Why the subject can no longer be used (its node left the host); empty while it can.
     virtual std::wstring goneReason() const { return {}; }
-    // The interface the error information of a failure names; null for the SDK functions, which
+    // Where the error information of a failure comes from; none for the SDK functions, which
     // report failure by their results.
-    virtual const IID* errorInterface() const { return nullptr; }
-    virtual std::wstring errorSource() const { return L"Zorb"; }
+    struct ErrorOrigin {
+        const IID* iid;
+        std::wstring source;
+    };
+    virtual std::optional<ErrorOrigin> errorOrigin() const { return std::nullopt; }
 
 protected:
     ~CallSubject() = default;

@@ -80,8 +80,10 @@ public:
         return iid == __uuidof(Interface) ? S_OK : S_FALSE;
     }
 
-    const IID* errorInterface() const override { return &__uuidof(Interface); }
-    std::wstring errorSource() const override { return L"Zorb." + *text::fromUtf8(interfaceName()); }
+    std::optional<ErrorOrigin> errorOrigin() const override
+    {
+        return ErrorOrigin{&__uuidof(Interface), L"Zorb." + *text::fromUtf8(interfaceName())};
+    }
 
 protected:
     explicit HostObject(std::shared_ptr<HostCore> core) : m_core(std::move(core)) { ++m_core->references; }
