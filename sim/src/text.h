@@ -2,18 +2,13 @@
 // wide strings (UTF-16 on Windows, UTF-32 on Linux); the journal and JSON use UTF-8.
 #pragma once
 
+#include "sim/utf8.h"
+
 #include "automation.h"
 
-#include <optional>
 #include <string>
-#include <string_view>
 
 namespace sim::text {
-
-// Unpaired surrogates (possible in UTF-16 only) become U+FFFD.
-std::string toUtf8(std::wstring_view text);
-// Null when `text` is not valid UTF-8.
-std::optional<std::wstring> fromUtf8(std::string_view text);
 
 // Names of host objects and paths are matched without regard to letter case, the way the MX core
 // library folds case.

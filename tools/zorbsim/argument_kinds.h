@@ -8,7 +8,7 @@
 #include "automation_failure.h"
 #include "input_error.h"
 #include "json_values.h"
-#include "text.h"
+#include "sim/utf8.h"
 
 #include "MxtArray"
 #include "MxtString"
@@ -31,7 +31,7 @@ struct MxtStringValue {
     {
         return MxtString(readWideString(value, place).c_str());
     }
-    static nlohmann::json write(const Held& held) { return toUtf8(held.getStringW()); }
+    static nlohmann::json write(const Held& held) { return sim::text::toUtf8(held.getStringW()); }
 };
 
 struct BstrValue {
@@ -42,8 +42,8 @@ struct BstrValue {
     }
     static nlohmann::json write(const Held& held)
     {
-        return toUtf8(std::wstring_view(static_cast<const wchar_t*>(held) ? static_cast<const wchar_t*>(held) : L"",
-                                        held.length()));
+        return sim::text::toUtf8(std::wstring_view(
+            static_cast<const wchar_t*>(held) ? static_cast<const wchar_t*>(held) : L"", held.length()));
     }
 };
 
@@ -69,7 +69,10 @@ struct StringArrayValue {
 
 struct BooleanValue {
     using Held = bool;
-    static Held read(const nlohmann::json& value, const InputPlace& place) { return readBoolean(value, place); }
+    static Held read(const nlohmann::json& value, const InputPlace& place)
+    {
+        return readBoolean(value, place);
+    }
     static nlohmann::json write(Held held) { return held; }
 };
 
@@ -81,7 +84,10 @@ struct LongValue {
 
 struct DoubleValue {
     using Held = double;
-    static Held read(const nlohmann::json& value, const InputPlace& place) { return readDouble(value, place); }
+    static Held read(const nlohmann::json& value, const InputPlace& place)
+    {
+        return readDouble(value, place);
+    }
     static nlohmann::json write(Held held) { return held; }
 };
 
@@ -100,62 +106,52 @@ struct PlotTypeValue {
 
 // Parameters. Every kind passes its held value to the call; output kinds read it back afterwards.
 
-template <class Value, bool output>
-struct ParameterKind : Value {
+template <class Value, bool output> struct ParameterKind : Value {
     static constexpr bool isOutput = output;
     static typename Value::Held& pass(typename Value::Held& held) { return held; }
     // An expected output value must have the shape of a starting value.
-    static void checkOutcome(const nlohmann::json& value, const InputPlace& place) { (void)Value::read(value, place); }
+    static void checkOutcome(const nlohmann::json& value, const InputPlace& place)
+    {
+        (void)Value::read(value, place);
+    }
 };
 
-template <class Parameter>
-struct ArgumentKind;
+template <class Parameter> struct ArgumentKind;
 
-template <>
-struct ArgumentKind<const MxtString&> : ParameterKind<MxtStringValue, false> {
+template <> struct ArgumentKind<const MxtString&> : ParameterKind<MxtStringValue, false> {
     static constexpr const char* name = "string";
 };
-template <>
-struct ArgumentKind<MxtString&> : ParameterKind<MxtStringValue, true> {
+template <> struct ArgumentKind<MxtString&> : ParameterKind<MxtStringValue, true> {
     static constexpr const char* name = "output string";
 };
-template <>
-struct ArgumentKind<const _bstr_t&> : ParameterKind<BstrValue, false> {
+template <> struct ArgumentKind<const _bstr_t&> : ParameterKind<BstrValue, false> {
     static constexpr const char* name = "string";
 };
-template <>
-struct ArgumentKind<_bstr_t&> : ParameterKind<BstrValue, true> {
+template <> struct ArgumentKind<_bstr_t&> : ParameterKind<BstrValue, true> {
     static constexpr const char* name = "output string";
 };
-template <>
-struct ArgumentKind<const MxtArray<MxtString>&> : ParameterKind<StringArrayValue, false> {
+template <> struct ArgumentKind<const MxtArray<MxtString>&> : ParameterKind<StringArrayValue, false> {
     static constexpr const char* name = "string array";
 };
-template <>
-struct ArgumentKind<bool> : ParameterKind<BooleanValue, false> {
+template <> struct ArgumentKind<bool> : ParameterKind<BooleanValue, false> {
     static constexpr const char* name = "bool";
 };
-template <>
-struct ArgumentKind<long> : ParameterKind<LongValue, false> {
+template <> struct ArgumentKind<long> : ParameterKind<LongValue, false> {
     static constexpr const char* name = "long";
 };
-template <>
-struct ArgumentKind<long&> : ParameterKind<LongValue, true> {
+template <> struct ArgumentKind<long&> : ParameterKind<LongValue, true> {
     static constexpr const char* name = "output long";
 };
-template <>
-struct ArgumentKind<double> : ParameterKind<DoubleValue, false> {
+template <> struct ArgumentKind<double> : ParameterKind<DoubleValue, false> {
     static constexpr const char* name = "double";
 };
-template <>
-struct ArgumentKind<ZbDbPlotSettings::PlotType> : ParameterKind<PlotTypeValue, false> {
+template <> struct ArgumentKind<ZbDbPlotSettings::PlotType> : ParameterKind<PlotTypeValue, false> {
     static constexpr const char* name = "plot type";
 };
 
 // An object the module hands out with a reference for the caller; the held smart pointer releases
 // it once the call is reported. The report shows "IDispatch", or null when none came.
-template <>
-struct ArgumentKind<IDispatch**> {
+template <> struct ArgumentKind<IDispatch**> {
     static constexpr const char* name = "output object";
     static constexpr bool isOutput = true;
     using Held = IDispatchPtr;
@@ -165,7 +161,10 @@ struct ArgumentKind<IDispatch**> {
             place.fail("an output object starts as null");
         return Held();
     }
-    static nlohmann::json write(const Held& held) { return held ? nlohmann::json("IDispatch") : nlohmann::json(); }
+    static nlohmann::json write(const Held& held)
+    {
+        return held ? nlohmann::json("IDispatch") : nlohmann::json();
+    }
     static IDispatch** pass(Held& held) { return &held; }
     static void checkOutcome(const nlohmann::json& value, const InputPlace& place)
     {
@@ -176,24 +175,22 @@ struct ArgumentKind<IDispatch**> {
 
 // Results.
 
-template <class Value>
-struct ResultOf : Value {
-    static void check(const nlohmann::json& value, const InputPlace& place) { (void)Value::read(value, place); }
+template <class Value> struct ResultOf : Value {
+    static void check(const nlohmann::json& value, const InputPlace& place)
+    {
+        (void)Value::read(value, place);
+    }
 };
 
-template <class Result>
-struct ResultKind;
+template <class Result> struct ResultKind;
 
-template <>
-struct ResultKind<bool> : ResultOf<BooleanValue> {
+template <> struct ResultKind<bool> : ResultOf<BooleanValue> {
     static constexpr const char* name = "bool";
 };
-template <>
-struct ResultKind<long> : ResultOf<LongValue> {
+template <> struct ResultKind<long> : ResultOf<LongValue> {
     static constexpr const char* name = "long";
 };
-template <>
-struct ResultKind<MxtString> : ResultOf<MxtStringValue> {
+template <> struct ResultKind<MxtString> : ResultOf<MxtStringValue> {
     static constexpr const char* name = "string";
 };
 
@@ -203,11 +200,13 @@ struct StatusCode {
     long code = 0;
 };
 
-template <>
-struct ResultKind<StatusCode> {
+template <> struct ResultKind<StatusCode> {
     static constexpr const char* name = "status";
     static nlohmann::json write(StatusCode status) { return hexStatus(static_cast<HRESULT>(status.code)); }
-    static void check(const nlohmann::json& value, const InputPlace& place) { (void)readStatusCode(value, place); }
+    static void check(const nlohmann::json& value, const InputPlace& place)
+    {
+        (void)readStatusCode(value, place);
+    }
     static std::string display(const nlohmann::json& value)
     {
         return statusWithMessage(readStatusCode(value, InputPlace("status")));
@@ -216,8 +215,7 @@ struct ResultKind<StatusCode> {
 
 // The one untyped pointer the module returns is the host application, with a reference for the
 // caller; it is released here. The report shows "HostApplication", or null.
-template <>
-struct ResultKind<void*> {
+template <> struct ResultKind<void*> {
     static constexpr const char* name = "application object";
     static nlohmann::json write(void* object)
     {

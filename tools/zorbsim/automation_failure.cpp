@@ -1,6 +1,6 @@
 #include "automation_failure.h"
 
-#include "text.h"
+#include "sim/utf8.h"
 
 #include <cctype>
 #include <cstdint>
@@ -12,7 +12,7 @@ namespace {
 std::string messageOf(const _com_error& error)
 {
     const auto* message = error.ErrorMessage();
-    return message == nullptr ? std::string() : toUtf8(message);
+    return message == nullptr ? std::string() : sim::text::toUtf8(message);
 }
 
 // Reading the description allocates a string, which an armed allocation fault may refuse; the
@@ -22,7 +22,8 @@ std::string descriptionOf(const _com_error& error)
     try {
         const _bstr_t description = error.Description();
         const wchar_t* text = description;
-        return text == nullptr ? std::string() : toUtf8(std::wstring_view(text, description.length()));
+        return text == nullptr ? std::string()
+                               : sim::text::toUtf8(std::wstring_view(text, description.length()));
     }
     catch (const _com_error&) {
         return std::string();
@@ -58,7 +59,8 @@ std::optional<HRESULT> parseHexStatus(const std::string& text)
         const auto digit = static_cast<unsigned char>(text[i]);
         if (!std::isxdigit(digit))
             return std::nullopt;
-        value = value * 16 + static_cast<std::uint32_t>(std::isdigit(digit) ? digit - '0' : std::tolower(digit) - 'a' + 10);
+        value = value * 16 + static_cast<std::uint32_t>(std::isdigit(digit) ? digit - '0'
+                                                                            : std::tolower(digit) - 'a' + 10);
     }
     return static_cast<HRESULT>(value);
 }

@@ -1,9 +1,11 @@
 #include "json_values.h"
 
 #include "automation_failure.h"
-#include "text.h"
+#include "sim/utf8.h"
 
 #include <algorithm>
+#include <optional>
+#include <utility>
 #include <limits>
 
 namespace zorbsim {
@@ -17,7 +19,10 @@ std::string readString(const nlohmann::json& value, const InputPlace& place)
 
 std::wstring readWideString(const nlohmann::json& value, const InputPlace& place)
 {
-    return fromUtf8(readString(value, place));
+    std::optional<std::wstring> text = sim::text::fromUtf8(readString(value, place));
+    if (!text)
+        place.fail("expected UTF-8 text");
+    return std::move(*text);
 }
 
 bool readBoolean(const nlohmann::json& value, const InputPlace& place)
@@ -30,12 +35,14 @@ bool readBoolean(const nlohmann::json& value, const InputPlace& place)
 long readLong(const nlohmann::json& value, const InputPlace& place)
 {
     const bool fits = value.is_number_unsigned()
-                          ? value.get<unsigned long long>() <= static_cast<unsigned long long>(std::numeric_limits<long>::max())
-                          : value.is_number_integer() && value.get<long long>() >= std::numeric_limits<long>::min() &&
+                          ? value.get<unsigned long long>() <=
+                                static_cast<unsigned long long>(std::numeric_limits<long>::max())
+                          : value.is_number_integer() &&
+                                value.get<long long>() >= std::numeric_limits<long>::min() &&
                                 value.get<long long>() <= std::numeric_limits<long>::max();
     if (!fits)
-        place.fail("expected a whole number from " + std::to_string(std::numeric_limits<long>::min()) + " to " +
-                   std::to_string(std::numeric_limits<long>::max()));
+        place.fail("expected a whole number from " + std::to_string(std::numeric_limits<long>::min()) +
+                   " to " + std::to_string(std::numeric_limits<long>::max()));
     return static_cast<long>(value.get<long long>());
 }
 
@@ -54,11 +61,12 @@ HRESULT readStatusCode(const nlohmann::json& value, const InputPlace& place)
     return *status;
 }
 
-void requireKnownKeys(const nlohmann::json& object, std::initializer_list<const char*> allowed, const InputPlace& place)
+void requireKnownKeys(const nlohmann::json& object, std::initializer_list<const char*> allowed,
+                      const InputPlace& place)
 {
     for (const auto& member : object.items()) {
-        const bool known = std::any_of(allowed.begin(), allowed.end(),
-                                       [&](const char* key) { return member.key() == key; });
+        const bool known =
+            std::any_of(allowed.begin(), allowed.end(), [&](const char* key) { return member.key() == key; });
         if (known)
             continue;
         std::string names;
