@@ -1,6 +1,7 @@
 # mx_add_gtest(<name> SOURCES ... LIBS ...)
-# One GoogleTest program per layer. On Linux each test case becomes a CTest test; under Wine the
-# program is one CTest test, because starting Wine once per case would cost minutes per run.
+# One GoogleTest program per layer. On Linux each test case becomes a CTest test. Under Wine the
+# program is one CTest test: a Wine start per case costs up to 3 s, and with two cases starting at
+# once Wine now and then stalls one of them for about 30 s, which would make the run slow and flaky.
 include(GoogleTest)
 
 function(mx_add_gtest name)
