@@ -8,41 +8,27 @@
 
 TEST(Bstr, PrefixHoldsTheByteCountAndATerminatorFollows)
 {
-    BSTR text = SysAllocString(L"abc");
-    ASSERT_NE(text, nullptr);
-    EXPECT_EQ(SysStringLen(text), 3u);
-    EXPECT_EQ(SysStringByteLen(text), 3u * sizeof(wchar_t));
-    EXPECT_EQ(reinterpret_cast<const std::uint32_t*>(text)[-1], 3u * sizeof(wchar_t));
-    EXPECT_EQ(text[3], L'\0');
-    SysFreeString(text);
-}
-
-TEST(Bstr, LengthCountsEmbeddedNulls)
-{
-    BSTR text = SysAllocStringLen(L"a\0b", 3);
-    ASSERT_NE(text, nullptr);
-    EXPECT_EQ(SysStringLen(text), 3u);
-    EXPECT_EQ(textOf(text), std::wstring(L"a\0b", 3));
-    EXPECT_EQ(text[3], L'\0');
-    SysFreeString(text);
-}
-
-TEST(Bstr, WithoutSourceTheBufferHasTheRequestedLengthAndIsTerminated)
-{
-    BSTR text = SysAllocStringLen(nullptr, 4);
-    ASSERT_NE(text, nullptr);
-    EXPECT_EQ(SysStringLen(text), 4u);
-    EXPECT_EQ(text[4], L'\0');
-    SysFreeString(text);
-}
-
-TEST(Bstr, ByteLengthStringsKeepAnOddCount)
-{
-    BSTR text = SysAllocStringByteLen("abc", 3);
-    ASSERT_NE(text, nullptr);
-    EXPECT_EQ(SysStringByteLen(text), 3u);
-    EXPECT_EQ(std::memcmp(text, "abc", 4), 0);  // the bytes, then a terminating zero
-    SysFreeString(text);
+    const OLECHAR terminator = L'\0';
+    const struct {
+        BSTR text;
+        const void* content;  // null: left as allocated
+        UINT bytes;
+    } cases[] = {{SysAllocString(L"abc"), L"abc", 3 * sizeof(OLECHAR)},
+                 {SysAllocStringLen(L"a\0b", 3), L"a\0b", 3 * sizeof(OLECHAR)},  // embedded nulls count
+                 {SysAllocStringLen(nullptr, 4), nullptr, 4 * sizeof(OLECHAR)},
+                 {SysAllocStringByteLen("abc", 3), "abc", 3}};  // an odd count is kept
+    for (const auto& each : cases) {
+        ASSERT_NE(each.text, nullptr);
+        const char* bytes = reinterpret_cast<const char*>(each.text);
+        EXPECT_EQ(reinterpret_cast<const std::uint32_t*>(each.text)[-1], each.bytes);
+        EXPECT_EQ(SysStringByteLen(each.text), each.bytes);
+        EXPECT_EQ(SysStringLen(each.text), each.bytes / sizeof(OLECHAR));
+        if (each.content != nullptr) {
+            EXPECT_EQ(std::memcmp(bytes, each.content, each.bytes), 0);
+        }
+        EXPECT_EQ(std::memcmp(bytes + each.bytes, &terminator, sizeof terminator), 0) << "no terminator";
+        SysFreeString(each.text);
+    }
 }
 
 TEST(Bstr, NullIsTheEmptyStringButNotAnAllocatedOne)

@@ -6,42 +6,23 @@
 #include "test_text.h"
 #include "test_widget.h"
 
-namespace {
-
-// The failure `action` raises.
-template <class Action>
-_com_error failureOf(Action action)
+TEST(ComErrorMessage, CodesThePlatformHasNoTextForAreNumbered)
 {
-    try {
-        action();
+    // The dispatch range starts after 0x80040200, whose number would be 0.
+    const struct {
+        unsigned long code;
+        WORD number;
+        const wchar_t* message;
+    } cases[] = {{0x80040205u, 5, L"IDispatch error #5"},
+                 {0x80040200u, 0, L"Unknown error 0x80040200"},
+                 {0xA0001234u, 0, L"Unknown error 0xA0001234"}};
+    for (const auto& each : cases) {
+        const HRESULT code = static_cast<HRESULT>(each.code);
+        ASSERT_EQ(platformMessage(code), L"") << std::hex << each.code;
+        const _com_error failure(code);
+        EXPECT_EQ(failure.WCode(), each.number);
+        EXPECT_STREQ(failure.ErrorMessage(), each.message);
     }
-    catch (const _com_error& failure) {
-        return failure;
-    }
-    ADD_FAILURE() << "no automation failure was raised";
-    return _com_error(S_OK);
-}
-
-}  // namespace
-
-TEST(ComErrorMessage, AnUnknownCodeOfTheDispatchRangeIsNumbered)
-{
-    ASSERT_EQ(platformMessage(static_cast<HRESULT>(0x80040205u)), L"");
-    const _com_error failure(static_cast<HRESULT>(0x80040205u));
-    EXPECT_EQ(failure.WCode(), 5);
-    EXPECT_STREQ(failure.ErrorMessage(), L"IDispatch error #5");
-}
-
-TEST(ComErrorMessage, OtherUnknownCodesAreShownWhole)
-{
-    // 0x80040200 itself is excluded from the dispatch range: its number would be 0.
-    ASSERT_EQ(platformMessage(static_cast<HRESULT>(0x80040200u)), L"");
-    const _com_error rangeStart(static_cast<HRESULT>(0x80040200u));
-    EXPECT_EQ(rangeStart.WCode(), 0);
-    EXPECT_STREQ(rangeStart.ErrorMessage(), L"Unknown error 0x80040200");
-
-    ASSERT_EQ(platformMessage(static_cast<HRESULT>(0xA0001234u)), L"");
-    EXPECT_STREQ(_com_error(static_cast<HRESULT>(0xA0001234u)).ErrorMessage(), L"Unknown error 0xA0001234");
 }
 
 TEST(ComErrorMessage, AKnownCodeGivesThePlatformTextWithoutItsLineBreak)
@@ -62,15 +43,6 @@ TEST(ComErrorMessage, IsFormedOnceAndNotShared)
     const _com_error copy = failure;
     EXPECT_NE(copy.ErrorMessage(), message);
     EXPECT_STREQ(copy.ErrorMessage(), message);
-}
-
-TEST(ComIssueError, RaisesTheCodeAlone)
-{
-    const _com_error failure = failureOf([] { _com_issue_error(E_POINTER); });
-    EXPECT_EQ(failure.Error(), E_POINTER);
-    EXPECT_EQ(failure.ErrorInfo(), nullptr);
-    EXPECT_EQ(failure.Description().length(), 0u);
-    EXPECT_EQ(failure.Source().length(), 0u);
 }
 
 class ComIssueErrorEx : public ::testing::Test {
@@ -126,9 +98,13 @@ TEST_F(ComIssueErrorEx, LeavesTheRecordForAnInterfaceTheObjectDoesNotVouchFor)
 TEST_F(ComIssueErrorEx, WithoutAnObjectRaisesTheCodeAlone)
 {
     widget->Fail(E_FAIL, const_cast<LPOLESTR>(L"pending"));
-    const _com_error failure = failureOf([] { _com_issue_errorex(E_ABORT, nullptr, IID_IDispatch); });
-    EXPECT_EQ(failure.Error(), E_ABORT);
-    EXPECT_EQ(failure.ErrorInfo(), nullptr);
+    for (const _com_error& failure : {failureOf([] { _com_issue_errorex(E_ABORT, nullptr, IID_IDispatch); }),
+                                      failureOf([] { _com_issue_error(E_ABORT); })}) {
+        EXPECT_EQ(failure.Error(), E_ABORT);
+        EXPECT_EQ(failure.ErrorInfo(), nullptr);
+        EXPECT_EQ(failure.Description().length(), 0u);
+        EXPECT_EQ(failure.Source().length(), 0u);
+    }
 }
 
 TEST(ErrorInfo, TheThreadKeepsOneRecordUntilItIsTaken)

@@ -22,7 +22,7 @@ BSTR stringAt(SAFEARRAY* array, LONG index)
 
 }  // namespace
 
-TEST(SafeArray, ReportsItsBoundsAndRefusesIndicesOutsideThem)
+TEST(SafeArray, ReportsItsTypeAndBoundsAndRefusesIndicesOutsideThem)
 {
     ArrayOwner owner{SafeArrayCreateVector(VT_BSTR, 1, 3)};
     ASSERT_NE(owner.array, nullptr);
@@ -43,18 +43,14 @@ TEST(SafeArray, ReportsItsBoundsAndRefusesIndicesOutsideThem)
         EXPECT_EQ(SafeArrayGetElement(owner.array, &outside, &copy), DISP_E_BADINDEX);
     }
     SysFreeString(text);
-}
 
-TEST(SafeArray, CreateTakesOneBound)
-{
     SAFEARRAYBOUND bound{4, -2};
-    ArrayOwner owner{SafeArrayCreate(VT_R8, 1, &bound)};
-    ASSERT_NE(owner.array, nullptr);
-    LONG upperBound = 0;
-    SafeArrayGetUBound(owner.array, 1, &upperBound);
+    ArrayOwner created{SafeArrayCreate(VT_R8, 1, &bound)};
+    ASSERT_NE(created.array, nullptr);
+    SafeArrayGetUBound(created.array, 1, &upperBound);
     EXPECT_EQ(upperBound, 1);
     VARTYPE type = VT_EMPTY;
-    EXPECT_EQ(SafeArrayGetVartype(owner.array, &type), S_OK);
+    EXPECT_EQ(SafeArrayGetVartype(created.array, &type), S_OK);
     EXPECT_EQ(type, VT_R8);
 }
 
@@ -75,7 +71,7 @@ TEST(SafeArray, AnElementHoldsExactlyOneValueOfItsType)
     EXPECT_EQ(read, -123456);
 }
 
-TEST(SafeArray, StringsAreCopiedInAndOut)
+TEST(SafeArray, StringsAndVariantsAreCopiedInAndOut)
 {
     ArrayOwner owner{SafeArrayCreateVector(VT_BSTR, 0, 2)};
     BSTR text = SysAllocString(L"label");
@@ -94,21 +90,16 @@ TEST(SafeArray, StringsAreCopiedInAndOut)
     BSTR unset = stringAt(owner.array, 0);
     EXPECT_EQ(SysStringLen(unset), 0u);
     SysFreeString(unset);
-}
 
-TEST(SafeArray, VariantElementsAreCopiedDeeply)
-{
-    ArrayOwner owner{SafeArrayCreateVector(VT_VARIANT, 0, 1)};
-    LONG index = 0;
-    {
-        _variant_t text(L"inside");
-        ASSERT_EQ(SafeArrayPutElement(owner.array, &index, &text), S_OK);
-    }
-    VARIANT copy;
-    ASSERT_EQ(SafeArrayGetElement(owner.array, &index, &copy), S_OK);
+    ArrayOwner variants{SafeArrayCreateVector(VT_VARIANT, 0, 1)};
+    index = 0;
+    _variant_t inside(L"inside");
+    ASSERT_EQ(SafeArrayPutElement(variants.array, &index, &inside), S_OK);
+    inside.Clear();  // the array keeps its own copy
+    _variant_t copy;
+    ASSERT_EQ(SafeArrayGetElement(variants.array, &index, &copy), S_OK);
     EXPECT_EQ(V_VT(&copy), VT_BSTR);
     EXPECT_EQ(textOf(V_BSTR(&copy)), L"inside");
-    VariantClear(&copy);
 }
 
 TEST(SafeArray, DataAccessLocksTheArray)
@@ -132,9 +123,7 @@ TEST(SafeArray, CopyIsDeep)
 {
     ArrayOwner original{SafeArrayCreateVector(VT_BSTR, 5, 1)};
     LONG index = 5;
-    BSTR text = SysAllocString(L"copied");
-    SafeArrayPutElement(original.array, &index, text);
-    SysFreeString(text);
+    SafeArrayPutElement(original.array, &index, _bstr_t(L"copied").GetBSTR());
 
     SAFEARRAY* copy = nullptr;
     ASSERT_EQ(SafeArrayCopy(original.array, &copy), S_OK);

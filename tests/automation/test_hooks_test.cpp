@@ -1,5 +1,7 @@
 // The portable runtime's test hooks: strings alive, and string allocations that fail on demand,
 // followed through the wrappers that must turn them into E_OUTOFMEMORY without leaking.
+#include <functional>
+
 #include <gtest/gtest.h>
 
 #include "automation.h"
@@ -22,18 +24,6 @@ protected:
 
     const unsigned long m_before = liveStrings();
 };
-
-template <class Action>
-HRESULT statusOf(Action action)
-{
-    try {
-        action();
-    }
-    catch (const _com_error& failure) {
-        return failure.Error();
-    }
-    return S_OK;
-}
 
 }  // namespace
 
@@ -72,29 +62,28 @@ TEST_F(StringHooks, TheNthAllocationFailsOnce)
 
 TEST_F(StringHooks, WrappersRaiseOutOfMemory)
 {
-    failStringAllocation(1);
-    EXPECT_EQ(statusOf([] { _bstr_t text(L"wide"); }), E_OUTOFMEMORY);
-    failStringAllocation(1);
-    EXPECT_EQ(statusOf([] { _bstr_t text("narrow"); }), E_OUTOFMEMORY);
-    failStringAllocation(1);
-    EXPECT_EQ(statusOf([] { _variant_t text(L"variant"); }), E_OUTOFMEMORY);
-
     const _bstr_t left(L"left");
     const _bstr_t right(L"right");
-    failStringAllocation(1);
-    EXPECT_EQ(statusOf([&] { _bstr_t joined = left + right; }), E_OUTOFMEMORY);
-    failStringAllocation(1);
-    EXPECT_EQ(statusOf([&] { BSTR copy = left.copy(); SysFreeString(copy); }), E_OUTOFMEMORY);
+    _variant_t number(42L);
+    const std::function<void()> allocations[] = {
+        [] { _bstr_t text(L"wide"); },
+        [] { _bstr_t text("narrow"); },
+        [] { _variant_t text(L"variant"); },
+        [&] { _bstr_t joined = left + right; },
+        [&] { SysFreeString(left.copy()); },
+        [&] { number.ChangeType(VT_BSTR); },
+    };
+    for (const auto& allocate : allocations) {
+        failStringAllocation(1);
+        EXPECT_EQ(failureOf(allocate).Error(), E_OUTOFMEMORY);
+    }
+    EXPECT_EQ(V_VT(&number), VT_I4);
 
-    // A failed assignment leaves the wrapper empty, not broken.
+    // A failed assignment or copy leaves the target empty, not broken.
     _bstr_t target(L"before");
     failStringAllocation(1);
-    EXPECT_EQ(statusOf([&] { target = L"after"; }), E_OUTOFMEMORY);
+    EXPECT_EQ(failureOf([&] { target = L"after"; }).Error(), E_OUTOFMEMORY);
     EXPECT_EQ(target.length(), 0u);
-}
-
-TEST_F(StringHooks, VariantCopyReportsOutOfMemoryAndLeavesTheDestinationEmpty)
-{
     _variant_t source(L"source");
     _variant_t destination(L"destination");
     failStringAllocation(1);
@@ -124,14 +113,6 @@ TEST_F(StringHooks, ArraysKeepTheirElementsWhenACopyFails)
     EXPECT_EQ(SafeArrayCopy(array, &copy), E_OUTOFMEMORY);
     EXPECT_EQ(copy, nullptr);
     SafeArrayDestroy(array);
-}
-
-TEST_F(StringHooks, ConversionToTextReportsOutOfMemory)
-{
-    _variant_t number(42L);
-    failStringAllocation(1);
-    EXPECT_EQ(statusOf([&] { number.ChangeType(VT_BSTR); }), E_OUTOFMEMORY);
-    EXPECT_EQ(V_VT(&number), VT_I4);
 }
 
 #endif

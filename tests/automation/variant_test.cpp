@@ -9,22 +9,19 @@
 namespace {
 
 // A VT_ARRAY|VT_BSTR variant holding `first` and `second` at positions 1 and 2.
-VARIANT stringArray(const wchar_t* first, const wchar_t* second)
+_variant_t stringArray(const wchar_t* first, const wchar_t* second)
 {
-    VARIANT variant;
-    VariantInit(&variant);
     SAFEARRAY* array = SafeArrayCreateVector(VT_BSTR, 1, 2);
     LONG index = 1;
-    BSTR text = SysAllocString(first);
-    SafeArrayPutElement(array, &index, text);
-    SysFreeString(text);
-    index = 2;
-    text = SysAllocString(second);
-    SafeArrayPutElement(array, &index, text);
-    SysFreeString(text);
+    for (const wchar_t* text : {first, second}) {
+        SafeArrayPutElement(array, &index, _bstr_t(text).GetBSTR());
+        ++index;
+    }
+    VARIANT variant;
+    VariantInit(&variant);
     V_VT(&variant) = VT_ARRAY | VT_BSTR;
     V_ARRAY(&variant) = array;
-    return variant;
+    return _variant_t(variant, false);
 }
 
 BSTR elementAt(SAFEARRAY* array, LONG index)
@@ -40,44 +37,29 @@ BSTR elementAt(SAFEARRAY* array, LONG index)
 
 }  // namespace
 
-TEST(VariantCopy, DuplicatesTheString)
+TEST(VariantCopy, DuplicatesTheStringAndMakesANullOneAnAllocatedEmptyOne)
 {
-    VARIANT source;
-    VariantInit(&source);
+    _variant_t source;
     V_VT(&source) = VT_BSTR;
     V_BSTR(&source) = SysAllocStringLen(L"a\0b", 3);
-    VARIANT copy;
-    VariantInit(&copy);
-
+    _variant_t copy;
     ASSERT_EQ(VariantCopy(&copy, &source), S_OK);
     EXPECT_EQ(V_VT(&copy), VT_BSTR);
     EXPECT_NE(V_BSTR(&copy), V_BSTR(&source));
     EXPECT_EQ(VariantClear(&source), S_OK);
     EXPECT_EQ(textOf(V_BSTR(&copy)), std::wstring(L"a\0b", 3));  // still there, embedded null and all
-    VariantClear(&copy);
-}
 
-TEST(VariantCopy, ANullStringBecomesAnAllocatedEmptyOne)
-{
-    VARIANT source;
-    VariantInit(&source);
     V_VT(&source) = VT_BSTR;
     V_BSTR(&source) = nullptr;
-    VARIANT copy;
-    VariantInit(&copy);
     ASSERT_EQ(VariantCopy(&copy, &source), S_OK);
-    EXPECT_EQ(V_VT(&copy), VT_BSTR);
     ASSERT_NE(V_BSTR(&copy), nullptr);
     EXPECT_EQ(SysStringLen(V_BSTR(&copy)), 0u);
-    VariantClear(&copy);
 }
 
-TEST(VariantCopy, DuplicatesAStringArrayAndEachElement)
+TEST(VariantCopy, DuplicatesArraysAndEachString)
 {
-    VARIANT source = stringArray(L"first", L"second");
-    VARIANT copy;
-    VariantInit(&copy);
-
+    _variant_t source = stringArray(L"first", L"second");
+    _variant_t copy;
     ASSERT_EQ(VariantCopy(&copy, &source), S_OK);
     EXPECT_EQ(V_VT(&copy), VT_ARRAY | VT_BSTR);
     ASSERT_NE(V_ARRAY(&copy), V_ARRAY(&source));
@@ -89,33 +71,23 @@ TEST(VariantCopy, DuplicatesAStringArrayAndEachElement)
     EXPECT_EQ(upperBound, 2);
     for (LONG index = 1; index <= 2; ++index)
         EXPECT_NE(elementAt(V_ARRAY(&copy), index), elementAt(V_ARRAY(&source), index));
-
     VariantClear(&source);
     EXPECT_EQ(textOf(elementAt(V_ARRAY(&copy), 1)), L"first");
     EXPECT_EQ(textOf(elementAt(V_ARRAY(&copy), 2)), L"second");
-    VariantClear(&copy);
-}
 
-TEST(VariantCopy, DuplicatesADoubleArray)
-{
-    VARIANT source;
-    VariantInit(&source);
+    // The host's point form.
+    double coordinates[] = {1.5, -2.25};
     V_VT(&source) = VT_ARRAY | VT_R8;
     V_ARRAY(&source) = SafeArrayCreateVector(VT_R8, 0, 2);
-    double coordinates[] = {1.5, -2.25};
     for (LONG index = 0; index < 2; ++index)
         SafeArrayPutElement(V_ARRAY(&source), &index, &coordinates[index]);
-    VARIANT copy;
-    VariantInit(&copy);
-
     ASSERT_EQ(VariantCopy(&copy, &source), S_OK);
     VariantClear(&source);
-    double copied[2] = {};
-    for (LONG index = 0; index < 2; ++index)
-        ASSERT_EQ(SafeArrayGetElement(V_ARRAY(&copy), &index, &copied[index]), S_OK);
-    EXPECT_EQ(copied[0], 1.5);
-    EXPECT_EQ(copied[1], -2.25);
-    VariantClear(&copy);
+    for (LONG index = 0; index < 2; ++index) {
+        double copied = 0;
+        ASSERT_EQ(SafeArrayGetElement(V_ARRAY(&copy), &index, &copied), S_OK);
+        EXPECT_EQ(copied, coordinates[index]);
+    }
 }
 
 TEST(VariantCopy, AddsAReferenceAndVariantClearTakesItBack)
@@ -125,8 +97,7 @@ TEST(VariantCopy, AddsAReferenceAndVariantClearTakesItBack)
     VariantInit(&source);
     V_VT(&source) = VT_DISPATCH;
     V_DISPATCH(&source) = widget;  // the variant adopts the creator's reference
-    VARIANT copy;
-    VariantInit(&copy);
+    _variant_t copy;
 
     ASSERT_EQ(VariantCopy(&copy, &source), S_OK);
     EXPECT_EQ(V_DISPATCH(&copy), static_cast<IDispatch*>(widget));
@@ -142,12 +113,10 @@ TEST(VariantCopy, AddsAReferenceAndVariantClearTakesItBack)
 TEST(VariantCopy, AReferenceIsCopiedAsAReference)
 {
     LONG value = 7;
-    VARIANT source;
-    VariantInit(&source);
+    _variant_t source;
     V_VT(&source) = VT_BYREF | VT_I4;
     V_I4REF(&source) = &value;
-    VARIANT copy;
-    VariantInit(&copy);
+    _variant_t copy;
     ASSERT_EQ(VariantCopy(&copy, &source), S_OK);
     EXPECT_EQ(V_I4REF(&copy), &value);
     EXPECT_EQ(VariantClear(&copy), S_OK);
@@ -161,11 +130,7 @@ TEST(VariantCopy, InvalidTypesAreRefusedAndTheDestinationKept)
         VariantInit(&source);
         V_VT(&source) = invalid;
         V_ARRAY(&source) = nullptr;
-        VARIANT destination;
-        VariantInit(&destination);
-        V_VT(&destination) = VT_I4;
-        V_I4(&destination) = 5;
-
+        _variant_t destination(5L);
         EXPECT_EQ(VariantCopy(&destination, &source), DISP_E_BADVARTYPE) << invalid;
         EXPECT_EQ(V_VT(&destination), VT_I4);
         EXPECT_EQ(VariantClear(&source), DISP_E_BADVARTYPE) << invalid;
@@ -176,11 +141,8 @@ TEST(VariantCopy, InvalidTypesAreRefusedAndTheDestinationKept)
 TEST(VariantClear, FreesTheStringsItOwns)
 {
     const unsigned long before = automation_testing::liveStrings();
-    VARIANT text;
-    VariantInit(&text);
-    V_VT(&text) = VT_BSTR;
-    V_BSTR(&text) = SysAllocString(L"owned");
-    VARIANT strings = stringArray(L"one", L"two");
+    _variant_t text(L"owned");
+    _variant_t strings = stringArray(L"one", L"two");
     EXPECT_EQ(automation_testing::liveStrings(), before + 3);
 
     VariantClear(&text);
