@@ -1,9 +1,10 @@
-// Every operation of the module, failed at each host call, each withheld object, each step to the
-// application and each automation string allocation: it answers as its failure handling says and
-// leaves nothing behind.
+// Every operation of the module, run undisturbed and then failed at each host call, each withheld
+// object, each step to the application and each automation string allocation: it makes the host
+// calls it should, answers as its failure handling says and leaves nothing behind.
 #include "CADPlotUtilities.h"
 #include "ZORBAppUtilities.h"
 
+#include "host_calls.h"
 #include "support/fault_sweep.h"
 #include "support/mxt_text.h"
 
@@ -19,7 +20,7 @@ using namespace module_testing;
 
 namespace {
 
-const MxtString kUntouched(L"untouched");
+const std::wstring kUntouched = L"untouched";
 IDispatch* const kNotWritten = reinterpret_cast<IDispatch*>(0x1);
 
 const std::wstring kSupportPath = L"C:\\Zorb\\Support;C:\\Zorb\\Fonts";
@@ -27,6 +28,8 @@ const std::wstring kPrinterStyleSheetPath = L"C:\\Zorb\\Plot Styles";
 const std::wstring kTemplateFolder = L"C:\\Zorb\\Template";
 const std::wstring kMXSupportFolder = L"D:\\MX\\Support";
 const std::wstring kGeneralProfile = L"FixedProfile\\General";
+const std::wstring kSupportPathWithMX = kSupportPath + L";D:\\MX\\Support";
+const std::wstring kPrinterPathWithMX = kPrinterStyleSheetPath + L";" + kMXSupportFolder;
 
 sim::HostState arrangedHost()
 {
@@ -44,271 +47,194 @@ sim::HostState arrangedHost()
     return state;
 }
 
-// What the operations answer and give back, reset by each run.
-struct Outputs {
-    long status = 0;
-    IDispatch* dispatch = nullptr;
-    bool gotObject = false;
-    bool answer = false;
-    MxtString text;
-    std::wstring merged;
-    MxtString* recordedBefore = nullptr;
-};
+// The file-location preferences after a run: as arranged, but for what `written` changes.
+void expectPreferences(const sim::Host& host, const std::function<void(sim::PreferencesFiles&)>& written)
+{
+    sim::PreferencesFiles expected = arrangedHost().preferences;
+    if (written)
+        written(expected);
+    const sim::PreferencesFiles& actual = host.state().preferences;
+    EXPECT_EQ(actual.supportPath, expected.supportPath);
+    EXPECT_EQ(actual.printerStyleSheetPath, expected.printerStyleSheetPath);
+    EXPECT_EQ(actual.templateDrawingFolder, expected.templateDrawingFolder);
+    EXPECT_EQ(actual.drawingPath, expected.drawingPath);
+}
 
 class FaultSweep : public ::testing::Test {
 protected:
-    ~FaultSweep() override
+    ~FaultSweep() override { recordSupportPath(nullptr); }
+
+    static void recordSupportPath(MxtString* recorded)
     {
         delete MxtGlobalStorage::g_pZorbSupportPaths;
-        MxtGlobalStorage::g_pZorbSupportPaths = nullptr;
+        MxtGlobalStorage::g_pZorbSupportPaths = recorded;
     }
 
-    SweptOperation caught(std::string name, std::function<void()> run,
-                          std::function<void(const sim::Host&)> expectSuccess,
-                          std::function<void(const sim::Host&)> expectFailure)
+    // An operation that answers whether it succeeded and may fill in a text; `call` runs it on an
+    // output that holds kUntouched. After success: true, `expected`, the preferences as `written`
+    // changes them. After a failure: false, `textAfterFailure`, the preferences as arranged.
+    SweptOperation answering(std::string name, FailureHandling handling, std::function<bool(MxtString&)> call,
+                             std::vector<std::string> hostCalls, std::wstring expected,
+                             std::function<void(sim::PreferencesFiles&)> written = nullptr,
+                             std::wstring textAfterFailure = kUntouched)
     {
         SweptOperation operation;
         operation.name = std::move(name);
+        operation.handling = handling;
         operation.initialState = arrangedHost;
-        operation.run = std::move(run);
-        operation.expectSuccess = std::move(expectSuccess);
-        operation.expectFailure = std::move(expectFailure);
+        operation.hostCalls = std::move(hostCalls);
+        operation.run = [this, call] {
+            m_text = kUntouched.c_str();
+            m_answer = call(m_text);
+        };
+        operation.expectSuccess = [this, expected, written](const sim::Host& host) {
+            EXPECT_TRUE(m_answer);
+            EXPECT_EQ(text(m_text), expected);
+            expectPreferences(host, written);
+        };
+        operation.expectFailure = [this, textAfterFailure](const sim::Host& host) {
+            EXPECT_FALSE(m_answer);
+            EXPECT_EQ(text(m_text), textAfterFailure);
+            expectPreferences(host, nullptr);
+        };
         return operation;
     }
 
-    SweptOperation propagated(std::string name, std::function<void()> run,
-                              std::function<void(const sim::Host&)> expectSuccess,
-                              std::function<void(const sim::Host&)> expectFailure = nullptr)
+    SweptOperation dispatchQuery()
     {
-        SweptOperation operation = caught(std::move(name), std::move(run), std::move(expectSuccess),
-                                          std::move(expectFailure));
-        operation.handling = FailureHandling::propagated;
+        SweptOperation operation;
+        operation.name = "getCADAppDispatch";
+        operation.initialState = arrangedHost;
+        operation.hostCalls = kReachApplication;
+        operation.run = [this] {
+            m_dispatch = kNotWritten;
+            m_status = ZORBAppUtilities::getCADAppDispatch(&m_dispatch);
+            if (m_dispatch != nullptr && m_dispatch != kNotWritten)
+                m_dispatch->Release();
+        };
+        operation.expectSuccess = [this](const sim::Host&) {
+            EXPECT_EQ(m_status, S_OK);
+            EXPECT_NE(m_dispatch, nullptr);
+            EXPECT_NE(m_dispatch, kNotWritten);
+        };
+        // The host could not give a dispatch: null, and no failure reported.
+        operation.expectFailure = [this](const sim::Host&) {
+            EXPECT_EQ(m_status, S_OK);
+            EXPECT_EQ(m_dispatch, nullptr);
+        };
         return operation;
-    }
-
-    // A fresh recorded support path, so that a run can tell whether it was replaced.
-    void recordEarlierSupportPath()
-    {
-        delete MxtGlobalStorage::g_pZorbSupportPaths;
-        MxtGlobalStorage::g_pZorbSupportPaths = new MxtString(L"earlier");
-        out.recordedBefore = MxtGlobalStorage::g_pZorbSupportPaths;
-    }
-
-    void expectFailedAndUntouched() const
-    {
-        EXPECT_FALSE(out.answer);
-        EXPECT_EQ(out.text, kUntouched);
-    }
-
-    static void expectPreferencesAsArranged(const sim::Host& host)
-    {
-        EXPECT_EQ(host.state().preferences.supportPath, kSupportPath);
-        EXPECT_EQ(host.state().preferences.printerStyleSheetPath, kPrinterStyleSheetPath);
-        EXPECT_EQ(host.state().preferences.templateDrawingFolder, kTemplateFolder);
     }
 
     std::vector<SweptOperation> operations();
 
-    Outputs out;
+    bool m_answer = false;
+    MxtString m_text;
+    long m_status = 0;
+    IDispatch* m_dispatch = nullptr;
 };
 
 std::vector<SweptOperation> FaultSweep::operations()
 {
-    const std::wstring supportPathAdded = kSupportPath + L";D:\\MX\\Support;D:\\MX\\Fonts";
-    const std::wstring printerPathAdded = kPrinterStyleSheetPath + L";" + kMXSupportFolder;
+    using FH = FailureHandling;
+    const auto supportPathWithMX = [](sim::PreferencesFiles& files) {
+        files.supportPath = kSupportPathWithMX;
+    };
+    const auto printerPathWithMX = [](sim::PreferencesFiles& files) {
+        files.printerStyleSheetPath = kPrinterPathWithMX;
+    };
+    const std::wstring supportPathWithTwoFolders = kSupportPathWithMX + L";D:\\MX\\Fonts";
     return {
-        caught(
-            "getCADAppDispatch",
-            [this] {
-                out = Outputs{};
-                out.dispatch = kNotWritten;
-                out.status = ZORBAppUtilities::getCADAppDispatch(&out.dispatch);
-                out.gotObject = out.dispatch != nullptr && out.dispatch != kNotWritten;
-                if (out.gotObject)
-                    out.dispatch->Release();
+        dispatchQuery(),
+        answering(
+            "getCadApplication", FH::caught,
+            [](MxtString&) {
+                const HostApplicationPtr application(
+                    static_cast<HostApplication*>(ZORBAppUtilities::getCadApplication()), false);
+                return static_cast<bool>(application);
             },
-            [this](const sim::Host&) {
-                EXPECT_EQ(out.status, S_OK);
-                EXPECT_TRUE(out.gotObject);
-            },
-            // The host could not give a dispatch: null, and no failure reported.
-            [this](const sim::Host&) {
-                EXPECT_EQ(out.status, S_OK);
-                EXPECT_EQ(out.dispatch, nullptr);
-            }),
-        caught(
-            "getCadApplication",
-            [this] {
-                out = Outputs{};
-                HostApplicationPtr application(static_cast<HostApplication*>(ZORBAppUtilities::getCadApplication()),
-                                               false);
-                out.gotObject = static_cast<bool>(application);
-            },
-            [this](const sim::Host&) { EXPECT_TRUE(out.gotObject); },
-            [this](const sim::Host&) { EXPECT_FALSE(out.gotObject); }),
-        propagated(
-            "preparePathes",
-            [this] {
-                out = Outputs{};
-                _bstr_t merged;
+            kReachApplication, kUntouched),
+        answering(
+            "preparePathes", FH::propagated,
+            [](MxtString& merged) {
+                _bstr_t path;
                 ZORBAppUtilities::preparePathes(mxtStrings({L"C:\\ZORB\\FONTS", L"D:\\MX\\Support"}),
-                                                _bstr_t(kSupportPath.c_str()), merged);
-                out.merged = static_cast<const wchar_t*>(merged);
+                                                _bstr_t(kSupportPath.c_str()), path);
+                merged = path;
+                return true;
             },
-            [this](const sim::Host&) { EXPECT_EQ(out.merged, kSupportPath + L";D:\\MX\\Support"); }),
-        caught(
-            "getCADAppSupportPath",
-            [this] {
-                out = Outputs{};
-                out.text = ZORBAppUtilities::getCADAppSupportPath();
+            {}, kSupportPathWithMX),
+        answering(
+            "getCADAppSupportPath", FH::caught,
+            [](MxtString& path) {
+                path = ZORBAppUtilities::getCADAppSupportPath();
+                return !path.isEmpty();
             },
-            [this](const sim::Host&) { EXPECT_EQ(text(out.text), kSupportPath); },
-            [this](const sim::Host&) { EXPECT_EQ(text(out.text), L""); }),
-        caught(
-            "getPlotStylePath",
-            [this] {
-                out = Outputs{};
-                out.text = kUntouched;
-                out.answer = ZORBAppUtilities::getPlotStylePath(out.text);
+            reachingPreferencesFiles({"HostPreferencesFiles.get_SupportPath"}), kSupportPath, nullptr, L""),
+        answering("getPlotStylePath", FH::caught, ZORBAppUtilities::getPlotStylePath,
+                  reachingPreferencesFiles({"HostPreferencesFiles.get_PrinterStyleSheetPath"}),
+                  kPrinterStyleSheetPath),
+        answering(
+            "ZORBAppUtilities::addPathesToCADAppSupportPath", FH::caught,
+            [](MxtString& merged) {
+                return ZORBAppUtilities::addPathesToCADAppSupportPath(
+                    mxtStrings({L"D:\\MX\\Support", L"c:\\zorb\\fonts", L"D:\\MX\\Fonts"}), merged);
             },
-            [this](const sim::Host&) {
-                EXPECT_TRUE(out.answer);
-                EXPECT_EQ(text(out.text), kPrinterStyleSheetPath);
-            },
-            [this](const sim::Host&) { expectFailedAndUntouched(); }),
-        caught(
-            "ZORBAppUtilities::addPathesToCADAppSupportPath",
-            [this] {
-                out = Outputs{};
-                out.text = kUntouched;
-                out.answer = ZORBAppUtilities::addPathesToCADAppSupportPath(
-                    mxtStrings({L"D:\\MX\\Support", L"c:\\zorb\\fonts", L"D:\\MX\\Fonts"}), out.text);
-            },
-            [this, supportPathAdded](const sim::Host& host) {
-                EXPECT_TRUE(out.answer);
-                EXPECT_EQ(text(out.text), supportPathAdded);
-                EXPECT_EQ(host.state().preferences.supportPath, supportPathAdded);
-            },
-            [this](const sim::Host& host) {
-                expectFailedAndUntouched();
-                expectPreferencesAsArranged(host);
+            reachingPreferencesFiles(
+                {"HostPreferencesFiles.get_SupportPath", "HostPreferencesFiles.put_SupportPath"}),
+            supportPathWithTwoFolders,
+            [supportPathWithTwoFolders](sim::PreferencesFiles& files) {
+                files.supportPath = supportPathWithTwoFolders;
             }),
-        caught(
-            "ZORBAppUtilities::addMXPathToCADPrinterStyleSheetPath",
-            [this] {
-                out = Outputs{};
-                out.text = kUntouched;
-                out.answer = ZORBAppUtilities::addMXPathToCADPrinterStyleSheetPath(out.text);
-            },
-            [this, printerPathAdded](const sim::Host& host) {
-                EXPECT_TRUE(out.answer);
-                EXPECT_EQ(text(out.text), printerPathAdded);
-                EXPECT_EQ(host.state().preferences.printerStyleSheetPath, printerPathAdded);
-            },
-            [this](const sim::Host& host) {
-                expectFailedAndUntouched();
-                expectPreferencesAsArranged(host);
-            }),
+        answering("ZORBAppUtilities::addMXPathToCADPrinterStyleSheetPath", FH::caught,
+                  ZORBAppUtilities::addMXPathToCADPrinterStyleSheetPath,
+                  reachingPreferencesFiles({"HostPreferencesFiles.get_PrinterStyleSheetPath",
+                                            "HostPreferencesFiles.put_PrinterStyleSheetPath"}),
+                  kPrinterPathWithMX, printerPathWithMX),
         // The plot interface's operations have no handler of their own, but only forward to
         // operations that catch: nothing reaches their callers either.
-        caught(
-            "CADPlotUtilities::addMXPathToCADPrinterStyleSheetPath",
-            [this] {
-                out = Outputs{};
-                out.answer = CADPlotUtilities::addMXPathToCADPrinterStyleSheetPath();
+        answering(
+            "CADPlotUtilities::addMXPathToCADPrinterStyleSheetPath", FH::caught,
+            [](MxtString&) { return CADPlotUtilities::addMXPathToCADPrinterStyleSheetPath(); },
+            reachingPreferencesFiles({"HostPreferencesFiles.get_PrinterStyleSheetPath",
+                                      "HostPreferencesFiles.put_PrinterStyleSheetPath"}),
+            kUntouched, printerPathWithMX),
+        // The support path it added is recorded; after a failure the earlier record stays.
+        answering(
+            "CADPlotUtilities::addPathesToCADAppSupportPath", FH::caught,
+            [](MxtString& recorded) {
+                recordSupportPath(new MxtString(L"earlier"));
+                const bool answer =
+                    CADPlotUtilities::addPathesToCADAppSupportPath(mxtStrings({L"D:\\MX\\Support"}));
+                recorded = MxtGlobalStorage::g_pZorbSupportPaths != nullptr
+                               ? *MxtGlobalStorage::g_pZorbSupportPaths
+                               : MxtString(L"(none)");
+                return answer;
             },
-            [this, printerPathAdded](const sim::Host& host) {
-                EXPECT_TRUE(out.answer);
-                EXPECT_EQ(host.state().preferences.printerStyleSheetPath, printerPathAdded);
+            reachingPreferencesFiles(
+                {"HostPreferencesFiles.get_SupportPath", "HostPreferencesFiles.put_SupportPath"}),
+            kSupportPathWithMX, supportPathWithMX, L"earlier"),
+        answering(
+            "setTemplateDwgPath", FH::caught,
+            [](MxtString&) { return ZORBAppUtilities::setTemplateDwgPath(MxtString(L"D:\\MX\\Templates")); },
+            reachingPreferencesFiles({"HostPreferencesFiles.put_TemplateDrawingFolder"}), kUntouched,
+            [](sim::PreferencesFiles& files) { files.templateDrawingFolder = L"D:\\MX\\Templates"; }),
+        answering("getCadDrawingPath", FH::caught, ZORBAppUtilities::getCadDrawingPath,
+                  reachingPreferencesFiles({"HostPreferencesFiles.get_DrawingPath"}), L"D:\\Projects",
+                  nullptr, L""),
+        // The registry and the search path are reached without automation objects.
+        answering("getCadProductLocation", FH::propagated, ZORBAppUtilities::getCadProductLocation,
+                  readingRegistry(), L"C:\\Program Files\\Zorb 2024"),
+        answering(
+            "getLinetypeFilePath", FH::propagated,
+            [](MxtString& path) {
+                return ZORBAppUtilities::getLinetypeFilePath(MxtString(L"LinetypeFile"), path);
             },
-            [this](const sim::Host& host) {
-                EXPECT_FALSE(out.answer);
-                expectPreferencesAsArranged(host);
-            }),
-        caught(
-            "CADPlotUtilities::addPathesToCADAppSupportPath",
-            [this] {
-                out = Outputs{};
-                recordEarlierSupportPath();
-                out.answer = CADPlotUtilities::addPathesToCADAppSupportPath(mxtStrings({L"D:\\MX\\Support"}));
-            },
-            [this](const sim::Host& host) {
-                EXPECT_TRUE(out.answer);
-                ASSERT_NE(MxtGlobalStorage::g_pZorbSupportPaths, nullptr);
-                EXPECT_EQ(text(*MxtGlobalStorage::g_pZorbSupportPaths), kSupportPath + L";D:\\MX\\Support");
-                EXPECT_EQ(host.state().preferences.supportPath, kSupportPath + L";D:\\MX\\Support");
-            },
-            [this](const sim::Host& host) {
-                EXPECT_FALSE(out.answer);
-                EXPECT_EQ(MxtGlobalStorage::g_pZorbSupportPaths, out.recordedBefore);
-                EXPECT_EQ(text(*out.recordedBefore), L"earlier");
-                expectPreferencesAsArranged(host);
-            }),
-        caught(
-            "setTemplateDwgPath",
-            [this] {
-                out = Outputs{};
-                out.answer = ZORBAppUtilities::setTemplateDwgPath(MxtString(L"D:\\MX\\Templates"));
-            },
-            [this](const sim::Host& host) {
-                EXPECT_TRUE(out.answer);
-                EXPECT_EQ(host.state().preferences.templateDrawingFolder, L"D:\\MX\\Templates");
-            },
-            [this](const sim::Host& host) {
-                EXPECT_FALSE(out.answer);
-                expectPreferencesAsArranged(host);
-            }),
-        caught(
-            "getCadDrawingPath",
-            [this] {
-                out = Outputs{};
-                out.text = kUntouched;
-                out.answer = ZORBAppUtilities::getCadDrawingPath(out.text);
-            },
-            [this](const sim::Host&) {
-                EXPECT_TRUE(out.answer);
-                EXPECT_EQ(text(out.text), L"D:\\Projects");
-            },
-            [this](const sim::Host&) {
-                EXPECT_FALSE(out.answer);
-                EXPECT_EQ(text(out.text), L"");
-            }),
-        propagated(
-            "getCadProductLocation",
-            [this] {
-                out = Outputs{};
-                out.text = kUntouched;
-                out.answer = ZORBAppUtilities::getCadProductLocation(out.text);
-            },
-            [this](const sim::Host&) {
-                EXPECT_TRUE(out.answer);
-                EXPECT_EQ(text(out.text), L"C:\\Program Files\\Zorb 2024");
-            },
-            [this](const sim::Host&) { expectFailedAndUntouched(); }),
-        propagated(
-            "getLinetypeFilePath",
-            [this] {
-                out = Outputs{};
-                out.text = kUntouched;
-                out.answer = ZORBAppUtilities::getLinetypeFilePath(MxtString(L"LinetypeFile"), out.text);
-            },
-            [this](const sim::Host&) {
-                EXPECT_TRUE(out.answer);
-                EXPECT_EQ(text(out.text), L"zorbiso.lin");
-            },
-            [this](const sim::Host&) { expectFailedAndUntouched(); }),
-        propagated(
-            "getHatchFilePath",
-            [this] {
-                out = Outputs{};
-                out.text = kUntouched;
-                out.answer = ZORBAppUtilities::getHatchFilePath(MxtString(L"HatchFile"), out.text);
-            },
-            [this](const sim::Host&) {
-                EXPECT_TRUE(out.answer);
-                EXPECT_EQ(text(out.text), L"C:\\Program Files\\Zorb 2024\\Support\\zorbiso.pat");
-            },
-            [this](const sim::Host&) { expectFailedAndUntouched(); }),
+            readingRegistry(), L"zorbiso.lin"),
+        answering(
+            "getHatchFilePath", FH::propagated,
+            [](MxtString& path) { return ZORBAppUtilities::getHatchFilePath(MxtString(L"HatchFile"), path); },
+            readingRegistry({"sdk.zbedFindFile", "sdk.zbHeapFree"}),
+            L"C:\\Program Files\\Zorb 2024\\Support\\zorbiso.pat"),
     };
 }
 

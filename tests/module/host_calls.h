@@ -19,4 +19,13 @@ inline std::vector<std::string> reachingPreferencesFiles(std::initializer_list<s
     return calls;
 }
 
+// The host's per-user registry root, asked of its services (reading the registry is no host call).
+inline std::vector<std::string> readingRegistry(std::initializer_list<std::string> then = {})
+{
+    std::vector<std::string> calls = {"sdk.zbdbHostApplicationServices",
+                                      "ZbDbHostApplicationServices.getUserRegistryProductRootKey"};
+    calls.insert(calls.end(), then);
+    return calls;
+}
+
 }  // namespace module_testing

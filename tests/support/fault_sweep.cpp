@@ -178,6 +178,9 @@ private:
         expectNoExceptionEscaped(outcome);
         if (!outcome.raised && !outcome.raisedOther)
             m_operation.expectSuccess(host);
+        if (m_operation.hostCalls) {
+            EXPECT_EQ(host.journal().methods(), *m_operation.hostCalls);
+        }
         leftovers.expectNone(host);
         return host.journal().entries();
     }

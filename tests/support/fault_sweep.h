@@ -13,7 +13,9 @@
 
 #include <cstddef>
 #include <functional>
+#include <optional>
 #include <string>
+#include <vector>
 
 namespace module_testing {
 
@@ -33,6 +35,9 @@ struct SweptOperation {
     // Calls the operation. It resets the outputs it keeps in the test's own variables first, so
     // that the checks below see what this run did.
     std::function<void()> run;
+
+    // The host calls of the undisturbed run, in order, where the test says which they must be.
+    std::optional<std::vector<std::string>> hostCalls;
 
     // The run no fault reached: results, outputs, host state.
     std::function<void(const sim::Host&)> expectSuccess;
