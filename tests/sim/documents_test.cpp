@@ -19,18 +19,6 @@ protected:
     }
 };
 
-_variant_t layoutList(const wchar_t* name)
-{
-    SAFEARRAY* names = SafeArrayCreateVector(VT_BSTR, 0, 1);
-    LONG index = 0;
-    SafeArrayPutElement(names, &index, _bstr_t(name).GetBSTR());
-    VARIANT list;
-    VariantInit(&list);
-    V_VT(&list) = VT_ARRAY | VT_BSTR;
-    V_ARRAY(&list) = names;
-    return _variant_t(list, false);
-}
-
 }  // namespace
 
 TEST_F(Documents, OpeningMakesTheDrawingActiveAndAnOpenDrawingIsNotOpenedAgain)
@@ -90,7 +78,7 @@ TEST_F(Documents, APlotRecordsAJobWithTheActiveLayoutsSettings)
     HostPlotPtr plot = document->GetPlot();
     plot->PutNumberOfCopies(1);
     plot->StartBatchMode(1);
-    plot->SetLayoutsToPlot(layoutList(L"Layout2"));
+    plot->SetLayoutsToPlot(stringList({L"Layout2"}));
     EXPECT_EQ(plot->PlotToDevice(_variant_t(L"DWF6 ePlot.pc3")), VARIANT_TRUE);
 
     ASSERT_EQ(state().plotJobs.size(), 1u);
@@ -132,12 +120,9 @@ TEST_F(Documents, ZoomWindowRecordsTheCornersOfTheHostsPointForm)
     EXPECT_EQ(failureOf([] { application()->ZoomWindow(_variant_t(1.0), pointOf(1, 1)); }).Error(),
               DISP_E_TYPEMISMATCH);
 
-    SAFEARRAY* three = SafeArrayCreateVector(VT_R8, 0, 3);
-    VARIANT threeCoordinates;
-    VariantInit(&threeCoordinates);
-    V_VT(&threeCoordinates) = VT_ARRAY | VT_R8;
-    V_ARRAY(&threeCoordinates) = three;
-    const _variant_t point3d(threeCoordinates, false);
+    _variant_t point3d;
+    V_VT(&point3d) = VT_ARRAY | VT_R8;
+    V_ARRAY(&point3d) = SafeArrayCreateVector(VT_R8, 0, 3);
     EXPECT_EQ(failureOf([&] { application()->ZoomWindow(point3d, pointOf(1, 1)); }).Error(), E_INVALIDARG);
 
     state().activeDocument = nullptr;
@@ -147,10 +132,7 @@ TEST_F(Documents, ZoomWindowRecordsTheCornersOfTheHostsPointForm)
 
 TEST_F(Documents, ANullObjectFaultOnOpenOpensNothing)
 {
-    sim::Fault fault;
-    fault.kind = sim::FaultKind::nullObject;
-    fault.method = "HostDocuments.Open";
-    host().armFault(fault);
+    host().armFault(withheldObject("HostDocuments.Open"));
     EXPECT_EQ(open(kOnDisk).GetInterfacePtr(), nullptr);
     EXPECT_EQ(state().documents.size(), 1u);
     EXPECT_EQ(state().activeDocument->fullFileName, kOpen);

@@ -7,33 +7,13 @@ using namespace sim_testing;
 
 namespace {
 
-class Faults : public SimTest {
-protected:
-    sim::Fault failCall(std::string method, int nth, HRESULT status = E_FAIL, std::string object = {})
-    {
-        sim::Fault fault;
-        fault.kind = sim::FaultKind::failCall;
-        fault.method = std::move(method);
-        fault.nth = nth;
-        fault.status = status;
-        fault.object = std::move(object);
-        return fault;
-    }
-
-    static sim::Fault ofKind(sim::FaultKind kind, std::string method = {})
-    {
-        sim::Fault fault;
-        fault.kind = kind;
-        fault.method = std::move(method);
-        return fault;
-    }
-};
+class Faults : public SimTest {};
 
 }  // namespace
 
 TEST_F(Faults, TheNthMatchingCallFailsWithTheStatusGiven)
 {
-    host().armFault(failCall("HostMenuGroups.Item", 2, DISP_E_EXCEPTION));
+    host().armFault(failingCall("HostMenuGroups.Item", 2, DISP_E_EXCEPTION));
     HostMenuGroupsPtr groups = application()->GetMenuGroups();
     groups->Item(indexOf(VT_I4, 0));
     _com_error second = failureOf([&] { groups->Item(indexOf(VT_I4, 0)); });
@@ -47,7 +27,9 @@ TEST_F(Faults, TheNthMatchingCallFailsWithTheStatusGiven)
 TEST_F(Faults, AFaultOnEveryCallCanBeLimitedToOneObject)
 {
     loadMx();
-    host().armFault(failCall("HostMenuGroup.get_Name", 0, E_ACCESSDENIED, "'MX'"));
+    sim::Fault onMx = failingCall("HostMenuGroup.get_Name", 0, E_ACCESSDENIED);
+    onMx.object = "'MX'";
+    host().armFault(onMx);
     EXPECT_EQ(group(L"ZORB")->GetName(), _bstr_t(L"ZORB"));
     EXPECT_EQ(failureOf([] { group(L"MX")->GetName(); }).Error(), E_ACCESSDENIED);
     EXPECT_EQ(failureOf([] { group(L"MX")->GetName(); }).Error(), E_ACCESSDENIED);
@@ -59,29 +41,27 @@ TEST_F(Faults, AFaultOnEveryCallCanBeLimitedToOneObject)
 
 TEST_F(Faults, ANullObjectFaultGivesNothingAndDoesNothing)
 {
-    host().armFault(ofKind(sim::FaultKind::nullObject, "HostPopupMenu.AddSeparator"));
+    host().armFault(withheldObject("HostPopupMenu.AddSeparator"));
     HostPopupMenuPtr snap = loadMx()->GetMenus()->Item(indexOf(VT_I4, 0));
     EXPECT_EQ(snap->AddSeparator(indexOf(VT_I4, 0)).GetInterfacePtr(), nullptr);
     EXPECT_EQ(snap->GetCount(), 10);
     EXPECT_EQ(host().journal().entries().back().status, S_OK);
 
-    host().armFault(ofKind(sim::FaultKind::nullObject, "HostApplication.get_ActiveDocument"));
+    host().armFault(withheldObject("HostApplication.get_ActiveDocument"));
     EXPECT_EQ(application()->GetActiveDocument().GetInterfacePtr(), nullptr);
 }
 
 TEST_F(Faults, TheFrameworkObjectItsDispatchAndTheApplicationInterfaceCanBeWithheld)
 {
-    host().armFault(ofKind(sim::FaultKind::noFrameworkObject));
+    host().armFault(faultOfKind(sim::FaultKind::noFrameworkObject));
     EXPECT_EQ(zbedGetZorbWinApp(), nullptr);
     host().clearFaults();
 
-    host().armFault(ofKind(sim::FaultKind::noDispatch));
+    host().armFault(faultOfKind(sim::FaultKind::noDispatch));
     EXPECT_EQ(zbedGetZorbWinApp()->GetIDispatch(TRUE), nullptr);
     host().clearFaults();
 
-    sim::Fault refuse = ofKind(sim::FaultKind::refuseApplicationInterface);
-    refuse.nth = 1;
-    host().armFault(refuse);
+    host().armFault(faultOfKind(sim::FaultKind::refuseApplicationInterface, 1));
     IDispatch* dispatch = zbedGetZorbWinApp()->GetIDispatch(TRUE);
     HostApplication* application = nullptr;
     EXPECT_EQ(dispatch->QueryInterface(__uuidof(HostApplication), reinterpret_cast<void**>(&application)),
@@ -98,27 +78,26 @@ TEST_F(Faults, TheFrameworkObjectItsDispatchAndTheApplicationInterfaceCanBeWithh
 
 TEST_F(Faults, SdkFunctionsReportAFailedCallAsTheirFailure)
 {
-    host().armFault(failCall("sdk.zbedFindFile", 0));
+    host().armFault(failingCall("sdk.zbedFindFile"));
     ZbString found;
     EXPECT_EQ(zbedFindFile(L"zorb.pat", found), kZbError);
     EXPECT_EQ(found.buffer, nullptr);
-    host().armFault(failCall("sdk.zbdbHostApplicationServices", 1));
+    host().armFault(failingCall("sdk.zbdbHostApplicationServices", 1));
     EXPECT_EQ(zbdbHostApplicationServices(), nullptr);
     EXPECT_NE(zbdbHostApplicationServices(), nullptr);
 }
 
 TEST_F(Faults, AFaultTheHostCannotHonourIsRefusedWhenArmed)
 {
-    EXPECT_THROW(host().armFault(failCall("HostMenuGroups.Item", 0, S_OK)), std::invalid_argument);
-    EXPECT_THROW(host().armFault(ofKind(sim::FaultKind::nullObject)), std::invalid_argument);
-    EXPECT_THROW(host().armFault(failCall("HostMenuGroups.Item", -1)), std::invalid_argument);
+    EXPECT_THROW(host().armFault(failingCall("HostMenuGroups.Item", 0, S_OK)), std::invalid_argument);
+    EXPECT_THROW(host().armFault(withheldObject("")), std::invalid_argument);
+    EXPECT_THROW(host().armFault(failingCall("HostMenuGroups.Item", -1)), std::invalid_argument);
     EXPECT_TRUE(state().faults.empty());
 }
 
 TEST_F(Faults, StringAllocationFailsWhereTheRuntimeAllowsIt)
 {
-    sim::Fault fault = ofKind(sim::FaultKind::failStringAllocation);
-    fault.nth = 1;
+    const sim::Fault fault = faultOfKind(sim::FaultKind::failStringAllocation, 1);
     if (!sim::canFailStringAllocation()) {
         EXPECT_THROW(host().armFault(fault), std::logic_error);
         return;

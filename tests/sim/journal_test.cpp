@@ -52,16 +52,7 @@ TEST_F(JournalTest, ArgumentsKeepTheVariantTypeTheyCrossedAs)
 TEST_F(JournalTest, ALineShowsMethodArgumentsObjectAndStatus)
 {
     HostPlotPtr plot = application()->GetActiveDocument()->GetPlot();
-    SAFEARRAY* names = SafeArrayCreateVector(VT_BSTR, 0, 2);
-    LONG index = 0;
-    SafeArrayPutElement(names, &index, _bstr_t(L"Layout1").GetBSTR());
-    index = 1;
-    SafeArrayPutElement(names, &index, _bstr_t(L"Model").GetBSTR());
-    VARIANT raw;
-    VariantInit(&raw);
-    V_VT(&raw) = VT_ARRAY | VT_BSTR;
-    V_ARRAY(&raw) = names;
-    plot->SetLayoutsToPlot(_variant_t(raw, false));
+    plot->SetLayoutsToPlot(stringList({L"Layout1", L"Model"}));
     EXPECT_EQ(sim::formatJournalLine(last()),
               "HostPlot.SetLayoutsToPlot(VT_ARRAY|VT_BSTR ['Layout1', 'Model']) on HostPlot "
               "'C:\\Projects\\Warehouse 12\\Drawings\\GA-001.dwg' -> S_OK");

@@ -1,6 +1,7 @@
 // The host state as JSON: round trips and the complaints about bad input.
 #include "sim/host.h"
 #include "sim/state_json.h"
+#include "support/faults.h"
 
 #include <gtest/gtest.h>
 
@@ -69,12 +70,9 @@ TEST(StateJson, RelationsNullsFaultsAndWideTextSurviveARoundTrip)
     state.documents.back()->fullFileName = L"C:\\Ünïcødé\\\U0001F3D7 site.dwg";  // beyond the BMP
     state.activeDocument = state.documents.back();
     state.plotJobs.push_back({L"a.dwg", std::nullopt, {L"Layout1"}, 2, 4, sim::PlotWindow{0, 0, 0.1, 1e9}});
-    sim::Fault fault;
-    fault.kind = sim::FaultKind::failCall;
-    fault.method = "HostToolbar.put_Visible";
+    sim::Fault fault =
+        module_testing::failingCall("HostToolbar.put_Visible", 3, static_cast<HRESULT>(0x80040205));
     fault.object = "'MX'";
-    fault.nth = 3;
-    fault.status = static_cast<HRESULT>(0x80040205);
     fault.matchingCallsSeen = 1;
     state.faults.push_back(fault);
 

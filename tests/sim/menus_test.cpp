@@ -215,10 +215,7 @@ TEST_F(Menus, ItemsAreFoundByLabelAndKeepTheirEnabledState)
 
 TEST_F(Menus, ANullObjectFaultOnLoadingLoadsNothing)
 {
-    sim::Fault fault;
-    fault.kind = sim::FaultKind::nullObject;
-    fault.method = "HostMenuGroups.LoadMenuFile";
-    host().armFault(fault);
+    host().armFault(withheldObject("HostMenuGroups.LoadMenuFile"));
     EXPECT_EQ(loadMx().GetInterfacePtr(), nullptr);
     EXPECT_EQ(state().menuGroups.size(), 1u);
     EXPECT_EQ(host().journal().entries().back().arguments[1].type, VT_EMPTY);

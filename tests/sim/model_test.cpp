@@ -1,6 +1,7 @@
 // Deep comparison and copying of host states, and the JSON forms a hand-written state may use.
 #include "sim/host.h"
 #include "sim/state_json.h"
+#include "support/faults.h"
 
 #include <gtest/gtest.h>
 
@@ -84,11 +85,7 @@ TEST(StateJsonForms, ItemTypesMayBeNumbersAndLeftOutMembersKeepTheirDefaults)
 TEST(StateJsonForms, AStateWithAFaultTheHostCannotHonourIsNotInstalled)
 {
     sim::HostState state = sim::defaultHostState();
-    sim::Fault fault;
-    fault.kind = sim::FaultKind::failCall;
-    fault.method = "HostMenuGroups.Item";
-    fault.status = S_FALSE;
-    state.faults.push_back(fault);
+    state.faults.push_back(module_testing::failingCall("HostMenuGroups.Item", 0, S_FALSE));
     EXPECT_THROW(sim::Host host(state), std::invalid_argument);
     EXPECT_EQ(sim::Host::current(), nullptr);
 }

@@ -92,20 +92,26 @@ TEST(SdkWithoutHost, EveryFunctionReportsFailureAndTheEnvironmentIsCleanedUp)
     EXPECT_EQ(zbdbHostApplicationServices(), nullptr);
 }
 
-TEST(SdkWithoutHost, AKeyThatWasThereBeforeTheHostIsLeftInPlace)
+// A key that was there before the host gets its values back; one that a simulated host left
+// behind (its mark says so) is taken back as the host's own and removed.
+TEST(SdkWithoutHost, AKeyThatWasThereBeforeTheHostIsLeftInPlaceUnlessASimulatedHostLeftIt)
 {
     const wchar_t* root = L"Software\\MX simulated host test";  // right below a key that is there
-    MxtRegistry::setRegValueCurrentUser(root, L"ZorbLocation", L"E:\\Zorb");
-    MxtRegistry::setRegValueCurrentUser(root, L"Owner", L"someone else");
-    sim::HostState state = sim::defaultHostState();
-    state.registryRootKey = root;
-    {
-        sim::Host host(state);
-        EXPECT_EQ(registryValue(root, L"ZorbLocation"), MxtString(L"C:\\Program Files\\Zorb 2026"));
+    for (const wchar_t* otherValue : {L"Owner", L"MX.SimulatedHost"}) {
+        SCOPED_TRACE(otherValue);
+        const bool leftBehind = std::wstring(otherValue) == L"MX.SimulatedHost";
+        MxtRegistry::setRegValueCurrentUser(root, L"ZorbLocation", L"E:\\Zorb");
+        MxtRegistry::setRegValueCurrentUser(root, otherValue, L"someone");
+        sim::HostState state = sim::defaultHostState();
+        state.registryRootKey = root;
+        {
+            sim::Host host(state);
+            EXPECT_EQ(registryValue(root, L"ZorbLocation"), MxtString(L"C:\\Program Files\\Zorb 2026"));
+        }
+        EXPECT_EQ(registryValue(root, L"ZorbLocation"), MxtString(leftBehind ? L"(none)" : L"E:\\Zorb"));
+        EXPECT_EQ(registryValue(root, otherValue), MxtString(leftBehind ? L"(none)" : L"someone"));
+        MxtRegistry::deleteKeyCurrentUser(root);
     }
-    EXPECT_EQ(registryValue(root, L"ZorbLocation"), MxtString(L"E:\\Zorb"));
-    EXPECT_EQ(registryValue(root, L"Owner"), MxtString(L"someone else"));
-    MxtRegistry::deleteKeyCurrentUser(root);
 }
 
 TEST_F(Sdk, TheSdkCallsAreJournalledAndCanBeFailed)
@@ -121,10 +127,7 @@ TEST_F(Sdk, TheSdkCallsAreJournalledAndCanBeFailed)
                                         "ZbDbHostApplicationServices.getUserRegistryProductRootKey"}));
     EXPECT_EQ(host().journal().entries()[1].status, E_FAIL);
 
-    sim::Fault fault;
-    fault.kind = sim::FaultKind::failCall;
-    fault.method = "sdk.zbedGetVar";
-    host().armFault(fault);
+    host().armFault(failingCall("sdk.zbedGetVar"));
     EXPECT_EQ(zbedGetVar(L"DWGCHECK", &value), kZbError);
 }
 
@@ -150,18 +153,4 @@ TEST(SdkWithoutHost, AHostWithoutARootKeyWritesNoRegistryValues)
     sim::Host host(state);
     EXPECT_EQ(registryValue(L"", L"ZorbLocation"), MxtString(L"(none)"));
     EXPECT_STREQ(zbdbHostApplicationServices()->getUserRegistryProductRootKey(), L"");
-}
-
-TEST(SdkWithoutHost, AKeyASimulatedHostLeftBehindIsTakenBackAsItsOwn)
-{
-    const wchar_t* root = L"Software\\MX simulated host leftover";
-    MxtRegistry::setRegValueCurrentUser(root, L"ZorbLocation", L"C:\\Old");
-    MxtRegistry::setRegValueCurrentUser(root, L"MX.SimulatedHost", L"created by the simulated host");
-    sim::HostState state = sim::defaultHostState();
-    state.registryRootKey = root;
-    {
-        sim::Host host(state);
-        EXPECT_EQ(registryValue(root, L"ZorbLocation"), MxtString(L"C:\\Program Files\\Zorb 2026"));
-    }
-    EXPECT_EQ(registryValue(root, L"ZorbLocation"), MxtString(L"(none)"));
 }

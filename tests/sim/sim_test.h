@@ -2,6 +2,7 @@
 #pragma once
 
 #include "sim/host.h"
+#include "support/faults.h"
 
 #include "framework.h"
 #include "host/object_model.h"
@@ -9,9 +10,14 @@
 
 #include <gtest/gtest.h>
 
+#include <initializer_list>
 #include <string>
 
 namespace sim_testing {
+
+using module_testing::failingCall;
+using module_testing::faultOfKind;
+using module_testing::withheldObject;
 
 // The framework object's dispatch, queried for the application and released: the way the MX
 // module reaches the host.
@@ -77,6 +83,20 @@ inline _variant_t indexOf(VARTYPE type, long value)
     else
         V_I4(&index) = value;
     return index;
+}
+
+// A VT_ARRAY|VT_BSTR list of `texts`, as the host takes layout names.
+inline _variant_t stringList(std::initializer_list<const wchar_t*> texts)
+{
+    _variant_t list;
+    V_VT(&list) = VT_ARRAY | VT_BSTR;
+    V_ARRAY(&list) = SafeArrayCreateVector(VT_BSTR, 0, static_cast<ULONG>(texts.size()));
+    LONG index = 0;
+    for (const wchar_t* text : texts) {
+        SafeArrayPutElement(V_ARRAY(&list), &index, _bstr_t(text).GetBSTR());
+        ++index;
+    }
+    return list;
 }
 
 // The host's point form: an array of two doubles.
