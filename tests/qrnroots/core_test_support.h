@@ -5,6 +5,7 @@
 #include "MxtAssert"
 #include "MxtMemoryControllerController"
 #include "MxtString"
+#include "support/mxt_text.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -35,18 +36,6 @@ private:
 inline void PrintTo(const MxtAssert::Report& report, std::ostream* out)
 {
     *out << '"' << report.condition << "\" at " << report.path << ':' << report.line;
-}
-
-inline void PrintTo(const MxtString& text, std::ostream* out)
-{
-    *out << "L\"";
-    for (const wchar_t* ch = text.getStringW(); *ch != L'\0'; ++ch) {
-        if (*ch >= 0x20 && *ch < 0x7F)
-            *out << static_cast<char>(*ch);
-        else
-            *out << "\\u" << std::hex << static_cast<unsigned long>(*ch) << std::dec;
-    }
-    *out << '"';
 }
 
 MATCHER_P2(IsReport, condition, line, "")
