@@ -19,18 +19,19 @@ HostApplicationPtr application()
     return application;
 }
 
-// Three host calls per iteration: count, item, name.
-void countItemName(benchmark::State& state)
+// Three host calls per iteration on the collection `reach` gives: its count, the item at
+// `position`, the item's name as `nameOf` reads it. The journal is on or off as the argument says.
+template <class Reach, class NameOf>
+void countItemName(benchmark::State& state, Reach reach, long position, NameOf nameOf)
 {
     sim::Host host;
     const bool journalOn = state.range(0) != 0;
     host.journal().setEnabled(journalOn);
-    HostMenuGroupsPtr groups = application()->GetMenuGroups();
-    const _variant_t first(0L);
+    const auto collection = reach();
+    const _variant_t index(position);
     for (auto _ : state) {
-        benchmark::DoNotOptimize(groups->GetCount());
-        HostMenuGroupPtr group = groups->Item(first);
-        benchmark::DoNotOptimize(group->GetName());
+        benchmark::DoNotOptimize(collection->GetCount());
+        benchmark::DoNotOptimize(nameOf(collection->Item(index)));
         // A long run would otherwise keep every entry; clearing is part of the cost.
         if (journalOn && host.journal().entries().size() >= 30000)
             host.journal().clear();
@@ -38,26 +39,17 @@ void countItemName(benchmark::State& state)
     state.SetItemsProcessed(state.iterations() * 3);
     state.SetLabel(journalOn ? "journal on" : "journal off");
 }
-BENCHMARK(countItemName)->Arg(0)->Arg(1);
 
+BENCHMARK_CAPTURE(
+    countItemName, menuGroups, [] { return application()->GetMenuGroups(); }, 0L,
+    [](const HostMenuGroupPtr& group) { return group->GetName(); })
+    ->Arg(0)
+    ->Arg(1);
 // The same on an item deep in the model: a menu item's label, found through its menu.
-void menuItemLabel(benchmark::State& state)
-{
-    sim::Host host;
-    const bool journalOn = state.range(0) != 0;
-    host.journal().setEnabled(journalOn);
-    HostPopupMenuPtr menu = application()->GetMenuBar()->Item(_variant_t(0L));
-    const _variant_t position(5L);
-    for (auto _ : state) {
-        benchmark::DoNotOptimize(menu->GetCount());
-        HostPopupMenuItemPtr item = menu->Item(position);
-        benchmark::DoNotOptimize(item->GetLabel());
-        if (journalOn && host.journal().entries().size() >= 30000)
-            host.journal().clear();
-    }
-    state.SetItemsProcessed(state.iterations() * 3);
-    state.SetLabel(journalOn ? "journal on" : "journal off");
-}
-BENCHMARK(menuItemLabel)->Arg(0)->Arg(1);
+BENCHMARK_CAPTURE(
+    countItemName, menuItems, [] { return application()->GetMenuBar()->Item(_variant_t(0L)); }, 5L,
+    [](const HostPopupMenuItemPtr& item) { return item->GetLabel(); })
+    ->Arg(0)
+    ->Arg(1);
 
 }  // namespace
