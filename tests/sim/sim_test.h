@@ -3,6 +3,7 @@
 
 #include "sim/host.h"
 #include "support/faults.h"
+#include "support/host_test.h"
 
 #include "framework.h"
 #include "host/object_model.h"
@@ -40,17 +41,8 @@ inline HostMenuGroupPtr loadMx()
     return application()->GetMenuGroups()->LoadMenuFile(L"C:\\Program Files\\MX\\Support\\MX", _variant_t());
 }
 
-class SimTest : public ::testing::Test {
-protected:
-    SimTest() : m_host(sim::defaultHostState()) {}
-    explicit SimTest(sim::HostState state) : m_host(std::move(state)) {}
-
-    sim::Host& host() { return m_host; }
-    sim::HostState& state() { return m_host.state(); }
-
-private:
-    sim::Host m_host;
-};
+// The default host, installed for each test; after it nothing may be left behind.
+using SimTest = module_testing::SimulatedHostTest;
 
 // The automation failure a call raises; a failing expectation when it raises none.
 template <class Call> _com_error failureOf(Call call)

@@ -1,4 +1,4 @@
-// The fixture of the module's tests: a simulated host installed for each test, and the check,
+// The fixture of the tests on the simulated host: a host installed for each test, and the check,
 // after each test, that nothing was left behind.
 #pragma once
 
