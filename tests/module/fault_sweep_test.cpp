@@ -100,37 +100,10 @@ protected:
         return operation;
     }
 
-    SweptOperation dispatchQuery()
-    {
-        SweptOperation operation;
-        operation.name = "getCADAppDispatch";
-        operation.initialState = arrangedHost;
-        operation.hostCalls = kReachApplication;
-        operation.run = [this] {
-            m_dispatch = kNotWritten;
-            m_status = ZORBAppUtilities::getCADAppDispatch(&m_dispatch);
-            if (m_dispatch != nullptr && m_dispatch != kNotWritten)
-                m_dispatch->Release();
-        };
-        operation.expectSuccess = [this](const sim::Host&) {
-            EXPECT_EQ(m_status, S_OK);
-            EXPECT_NE(m_dispatch, nullptr);
-            EXPECT_NE(m_dispatch, kNotWritten);
-        };
-        // The host could not give a dispatch: null, and no failure reported.
-        operation.expectFailure = [this](const sim::Host&) {
-            EXPECT_EQ(m_status, S_OK);
-            EXPECT_EQ(m_dispatch, nullptr);
-        };
-        return operation;
-    }
-
     std::vector<SweptOperation> operations();
 
     bool m_answer = false;
     MxtString m_text;
-    long m_status = 0;
-    IDispatch* m_dispatch = nullptr;
 };
 
 std::vector<SweptOperation> FaultSweep::operations()
@@ -144,7 +117,21 @@ std::vector<SweptOperation> FaultSweep::operations()
     };
     const std::wstring supportPathWithTwoFolders = kSupportPathWithMX + L";D:\\MX\\Fonts";
     return {
-        dispatchQuery(),
+        // The text names what came instead of a dispatch: a host that has none must give null and
+        // report no failure.
+        answering(
+            "getCADAppDispatch", FH::caught,
+            [](MxtString& outcome) {
+                IDispatch* dispatch = kNotWritten;
+                const long status = ZORBAppUtilities::getCADAppDispatch(&dispatch);
+                const bool got = dispatch != nullptr && dispatch != kNotWritten;
+                if (got)
+                    dispatch->Release();
+                else
+                    outcome = status != S_OK ? L"failed" : dispatch == nullptr ? L"null" : L"not written";
+                return status == S_OK && got;
+            },
+            kReachApplication, kUntouched, nullptr, L"null"),
         answering(
             "getCadApplication", FH::caught,
             [](MxtString&) {

@@ -58,41 +58,34 @@ TEST_F(SearchPaths, FoldersAlreadyPresentSucceedWithoutWriting)
 
 // Each path has its own limit: a merged path one character below it is written, one at it is
 // refused without a write.
-struct LimitCase {
-    const char* name;
-    std::wstring sim::PreferencesFiles::*path;
-    std::size_t refusedLength;
-    bool (*add)(MxtString& merged);
-};
-
-class SearchPathLimits : public SearchPaths, public ::testing::WithParamInterface<LimitCase> {};
-
-TEST_P(SearchPathLimits, MergedPathBelowTheLimitIsWrittenAndAtTheLimitRefused)
+TEST_F(SearchPaths, MergedPathBelowTheLimitIsWrittenAndAtTheLimitRefused)
 {
-    const LimitCase& limit = GetParam();
+    const struct {
+        std::wstring sim::PreferencesFiles::*path;
+        std::size_t refusedLength;
+        bool (*add)(MxtString& merged);
+    } limits[] = {
+        {&sim::PreferencesFiles::supportPath, 2048,
+         [](MxtString& merged) {
+             return ZORBAppUtilities::addPathesToCADAppSupportPath(mxtStrings({L"D:\\MX\\Support"}), merged);
+         }},
+        {&sim::PreferencesFiles::printerStyleSheetPath, 1050,
+         ZORBAppUtilities::addMXPathToCADPrinterStyleSheetPath},
+    };
     const std::wstring folder = L"D:\\MX\\Support";
-    for (const std::size_t mergedLength : {limit.refusedLength - 1, limit.refusedLength}) {
-        SCOPED_TRACE(mergedLength);
-        const std::wstring current = textOfLength(mergedLength - 1 - folder.size(), L"C:\\");
-        state().preferences.*limit.path = current;
-        MxtString merged = kUntouched;
-        const bool written = mergedLength < limit.refusedLength;
-        EXPECT_EQ(limit.add(merged), written);
-        EXPECT_EQ(state().preferences.*limit.path, written ? current + L";" + folder : current);
-        EXPECT_EQ(text(merged), written ? current + L";" + folder : text(kUntouched));
+    for (const auto& limit : limits) {
+        for (const std::size_t mergedLength : {limit.refusedLength - 1, limit.refusedLength}) {
+            SCOPED_TRACE(mergedLength);
+            const std::wstring current = textOfLength(mergedLength - 1 - folder.size(), L"C:\\");
+            state().preferences.*limit.path = current;
+            MxtString merged = kUntouched;
+            const bool written = mergedLength < limit.refusedLength;
+            EXPECT_EQ(limit.add(merged), written);
+            EXPECT_EQ(state().preferences.*limit.path, written ? current + L";" + folder : current);
+            EXPECT_EQ(text(merged), written ? current + L";" + folder : text(kUntouched));
+        }
     }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    BothPaths, SearchPathLimits,
-    ::testing::Values(
-        LimitCase{"SupportPath", &sim::PreferencesFiles::supportPath, 2048,
-                  [](MxtString& merged) {
-                      return ZORBAppUtilities::addPathesToCADAppSupportPath(mxtStrings({L"D:\\MX\\Support"}), merged);
-                  }},
-        LimitCase{"PrinterStyleSheetPath", &sim::PreferencesFiles::printerStyleSheetPath, 1050,
-                  [](MxtString& merged) { return ZORBAppUtilities::addMXPathToCADPrinterStyleSheetPath(merged); }}),
-    [](const ::testing::TestParamInfo<LimitCase>& info) { return std::string(info.param.name); });
 
 // The path written is recorded (the fault sweep sees a folder added); nothing to add is success
 // too, and then the record is empty.
