@@ -4,7 +4,7 @@
 #include "MxtArray"
 #include "MxtString"
 
-#include "counted_object.h"
+#include "test_widget.h"
 
 #include <benchmark/benchmark.h>
 
@@ -12,7 +12,7 @@
 
 namespace {
 
-CountedObject hostObject;
+TestWidget hostObject;
 
 void reportAllocations(benchmark::State& state, std::size_t allocationsBefore)
 {
@@ -71,10 +71,10 @@ const MxtString supportFolder(L"C:\\Program Files\\MX\\Support\\Menus");
 #define MX_SIZES RangeMultiplier(10)->Range(1000, 100000)->Unit(benchmark::kMillisecond)
 
 BENCHMARK_CAPTURE(appendToMxtArray, strings, supportFolder)->MX_SIZES->Complexity(benchmark::oNSquared);
-BENCHMARK_CAPTURE(appendToMxtArray, hostObjects, ICountedPtr(&hostObject))->MX_SIZES->Complexity(benchmark::oNSquared);
+BENCHMARK_CAPTURE(appendToMxtArray, hostObjects, ITestWidgetPtr(&hostObject))->MX_SIZES->Complexity(benchmark::oNSquared);
 BENCHMARK_CAPTURE(fillPresizedMxtArray, strings, supportFolder)->MX_SIZES->Complexity(benchmark::oN);
-BENCHMARK_CAPTURE(fillPresizedMxtArray, hostObjects, ICountedPtr(&hostObject))->MX_SIZES->Complexity(benchmark::oN);
+BENCHMARK_CAPTURE(fillPresizedMxtArray, hostObjects, ITestWidgetPtr(&hostObject))->MX_SIZES->Complexity(benchmark::oN);
 BENCHMARK_CAPTURE(appendToStdVector, strings, supportFolder)->MX_SIZES->Complexity(benchmark::oN);
-BENCHMARK_CAPTURE(appendToStdVector, hostObjects, ICountedPtr(&hostObject))->MX_SIZES->Complexity(benchmark::oN);
+BENCHMARK_CAPTURE(appendToStdVector, hostObjects, ITestWidgetPtr(&hostObject))->MX_SIZES->Complexity(benchmark::oN);
 
 }  // namespace

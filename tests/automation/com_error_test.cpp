@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "automation.h"
+#include "automation_failure.h"
 #include "test_text.h"
 #include "test_widget.h"
 
@@ -52,17 +53,17 @@ protected:
         IErrorInfo* left = nullptr;
         if (GetErrorInfo(0, &left) == S_OK)
             left->Release();
-        EXPECT_EQ(widget->Release(), 0u);
+        EXPECT_EQ(widget.references(), 0u);
     }
 
-    TestWidget* widget = new TestWidget;
+    TestWidget widget;
 };
 
 TEST_F(ComIssueErrorEx, AttachesTheRecordOfAnInterfaceTheObjectVouchesFor)
 {
-    const HRESULT status = widget->Fail(DISP_E_BADINDEX, const_cast<LPOLESTR>(L"No item 7"));
+    const HRESULT status = widget.Fail(DISP_E_BADINDEX, const_cast<LPOLESTR>(L"No item 7"));
     const _com_error failure =
-        failureOf([&] { _com_issue_errorex(status, static_cast<ITestWidget*>(widget), __uuidof(ITestWidget)); });
+        failureOf([&] { _com_issue_errorex(status, static_cast<ITestWidget*>(&widget), __uuidof(ITestWidget)); });
 
     EXPECT_EQ(failure.Error(), DISP_E_BADINDEX);
     EXPECT_EQ(textOf(failure.Description()), L"No item 7");
@@ -78,9 +79,9 @@ TEST_F(ComIssueErrorEx, AttachesTheRecordOfAnInterfaceTheObjectVouchesFor)
 
 TEST_F(ComIssueErrorEx, LeavesTheRecordForAnInterfaceTheObjectDoesNotVouchFor)
 {
-    const HRESULT status = widget->Fail(E_FAIL, const_cast<LPOLESTR>(L"unrelated"));
+    const HRESULT status = widget.Fail(E_FAIL, const_cast<LPOLESTR>(L"unrelated"));
     const _com_error failure =
-        failureOf([&] { _com_issue_errorex(status, static_cast<ITestWidget*>(widget), IID_IDispatch); });
+        failureOf([&] { _com_issue_errorex(status, static_cast<ITestWidget*>(&widget), IID_IDispatch); });
 
     EXPECT_EQ(failure.Error(), E_FAIL);
     EXPECT_EQ(failure.ErrorInfo(), nullptr);
@@ -97,7 +98,7 @@ TEST_F(ComIssueErrorEx, LeavesTheRecordForAnInterfaceTheObjectDoesNotVouchFor)
 
 TEST_F(ComIssueErrorEx, WithoutAnObjectRaisesTheCodeAlone)
 {
-    widget->Fail(E_FAIL, const_cast<LPOLESTR>(L"pending"));
+    widget.Fail(E_FAIL, const_cast<LPOLESTR>(L"pending"));
     for (const _com_error& failure : {failureOf([] { _com_issue_errorex(E_ABORT, nullptr, IID_IDispatch); }),
                                       failureOf([] { _com_issue_error(E_ABORT); })}) {
         EXPECT_EQ(failure.Error(), E_ABORT);

@@ -3,17 +3,17 @@
 #include <gtest/gtest.h>
 
 #include "automation.h"
-#include "test_text.h"
+#include "automation_failure.h"
 #include "test_widget.h"
 
 namespace {
 
 class ComPtr : public ::testing::Test {
 protected:
-    void TearDown() override { EXPECT_EQ(widget->Release(), 0u) << "a reference was leaked"; }
+    void TearDown() override { EXPECT_EQ(widget.references(), 0u) << "a reference was leaked"; }
 
-    TestWidget* widget = new TestWidget;
-    ITestWidget* raw = widget;
+    TestWidget widget;
+    ITestWidget* raw = &widget;
 };
 
 }  // namespace
@@ -22,17 +22,17 @@ TEST_F(ComPtr, HoldsOneReferenceAndReleasesItWhenItGoes)
 {
     {
         ITestWidgetPtr first(raw);
-        EXPECT_EQ(widget->references(), 2u);
+        EXPECT_EQ(widget.references(), 1u);
         ITestWidgetPtr second = first;
-        EXPECT_EQ(widget->references(), 3u);
+        EXPECT_EQ(widget.references(), 2u);
         second = first;  // the same object: no change
         ITestWidgetPtr& same = second;
         second = same;
-        EXPECT_EQ(widget->references(), 3u);
+        EXPECT_EQ(widget.references(), 2u);
         second = nullptr;
-        EXPECT_EQ(widget->references(), 2u);
+        EXPECT_EQ(widget.references(), 1u);
     }
-    EXPECT_EQ(widget->references(), 1u);
+    EXPECT_EQ(widget.references(), 0u);
 }
 
 TEST_F(ComPtr, AdoptsAReferenceWhenToldTo)
@@ -40,16 +40,16 @@ TEST_F(ComPtr, AdoptsAReferenceWhenToldTo)
     raw->AddRef();
     {
         ITestWidgetPtr adopted(raw, false);
-        EXPECT_EQ(widget->references(), 2u);
+        EXPECT_EQ(widget.references(), 1u);
     }
-    EXPECT_EQ(widget->references(), 1u);
+    EXPECT_EQ(widget.references(), 0u);
 
     raw->AddRef();
     ITestWidgetPtr attached;
     attached.Attach(raw);
     ITestWidget* detached = attached.Detach();
     EXPECT_EQ(attached.GetInterfacePtr(), nullptr);
-    EXPECT_EQ(widget->references(), 2u);
+    EXPECT_EQ(widget.references(), 1u);
     detached->Release();
 }
 
@@ -57,7 +57,7 @@ TEST_F(ComPtr, ConvertsBetweenInterfacesByQueryInterfaceAndComparesByIdentity)
 {
     IUnknownPtr unknown(raw);
     ITestWidgetPtr typed(unknown);
-    EXPECT_EQ(widget->references(), 3u);
+    EXPECT_EQ(widget.references(), 2u);
     EXPECT_EQ(typed.GetInterfacePtr(), raw);
     EXPECT_TRUE(typed == unknown);
     EXPECT_TRUE(typed == raw);
@@ -65,9 +65,10 @@ TEST_F(ComPtr, ConvertsBetweenInterfacesByQueryInterfaceAndComparesByIdentity)
     IDispatchPtr dispatch;
     dispatch = typed;
     EXPECT_TRUE(dispatch == typed);
-    EXPECT_EQ(widget->references(), 4u);
+    EXPECT_EQ(widget.references(), 3u);
 
-    ITestWidgetPtr other(static_cast<ITestWidget*>(new TestWidget), false);
+    TestWidget otherWidget;
+    ITestWidgetPtr other(static_cast<ITestWidget*>(&otherWidget));
     EXPECT_TRUE(typed != other);
 }
 
@@ -76,9 +77,10 @@ TEST_F(ComPtr, ARefusedQueryGivesNullAndOtherFailuresRaise)
     ITestGadgetPtr gadget(raw);
     EXPECT_FALSE(gadget);
     EXPECT_TRUE(!gadget);
-    EXPECT_EQ(widget->references(), 1u);
+    EXPECT_EQ(widget.references(), 0u);
 
-    IUnknownPtr broken(static_cast<ITestWidget*>(new TestWidget(E_UNEXPECTED)), false);
+    TestWidget refusing(E_UNEXPECTED);
+    IUnknownPtr broken(static_cast<ITestWidget*>(&refusing));
     EXPECT_EQ(failureOf([&] { ITestGadgetPtr never(broken); }).Error(), E_UNEXPECTED);
 }
 
@@ -96,13 +98,13 @@ TEST_F(ComPtr, AddressOfReleasesAndReceivesANewReference)
 {
     ITestWidgetPtr holder(raw);
     ITestWidget** slot = &holder;
-    EXPECT_EQ(widget->references(), 1u);
+    EXPECT_EQ(widget.references(), 0u);
     EXPECT_EQ(*slot, nullptr);
     ASSERT_EQ(raw->QueryInterface(__uuidof(ITestWidget), reinterpret_cast<void**>(slot)), S_OK);
     EXPECT_EQ(holder.GetInterfacePtr(), raw);
-    EXPECT_EQ(widget->references(), 2u);
+    EXPECT_EQ(widget.references(), 1u);
     holder.Release();
-    EXPECT_EQ(widget->references(), 1u);
+    EXPECT_EQ(widget.references(), 0u);
 }
 
 TEST_F(ComPtr, TakesTheObjectOfAVariant)
@@ -110,7 +112,7 @@ TEST_F(ComPtr, TakesTheObjectOfAVariant)
     const _variant_t holder(static_cast<IDispatch*>(raw));
     ITestWidgetPtr fromVariant(holder);
     EXPECT_EQ(fromVariant.GetInterfacePtr(), raw);
-    EXPECT_EQ(widget->references(), 3u);
+    EXPECT_EQ(widget.references(), 2u);
 
     EXPECT_EQ(failureOf([] { ITestWidgetPtr fromNumber(_variant_t(5L)); }).Error(), DISP_E_TYPEMISMATCH);
 }

@@ -126,20 +126,20 @@ TEST(SafeArray, DataAccessLocksTheArray)
 
 TEST(SafeArray, HoldsAReferenceToEachObject)
 {
-    TestWidget* widget = new TestWidget;
+    TestWidget widget;
     SAFEARRAY* array = SafeArrayCreateVector(VT_DISPATCH, 0, 2);
     for (LONG index = 0; index < 2; ++index)
-        ASSERT_EQ(SafeArrayPutElement(array, &index, static_cast<IDispatch*>(widget)), S_OK);
-    EXPECT_EQ(widget->references(), 3u);
+        ASSERT_EQ(SafeArrayPutElement(array, &index, static_cast<IDispatch*>(&widget)), S_OK);
+    EXPECT_EQ(widget.references(), 2u);
 
     LONG index = 0;
     IDispatch* element = nullptr;
     ASSERT_EQ(SafeArrayGetElement(array, &index, &element), S_OK);
-    EXPECT_EQ(element, static_cast<IDispatch*>(widget));
+    EXPECT_EQ(element, static_cast<IDispatch*>(&widget));
     element->Release();
 
     EXPECT_EQ(SafeArrayDestroy(array), S_OK);
-    EXPECT_EQ(widget->Release(), 0u);
+    EXPECT_EQ(widget.references(), 0u);
 }
 
 #if AUTOMATION_HAS_TEST_HOOKS

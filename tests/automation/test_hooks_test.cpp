@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "automation.h"
+#include "automation_failure.h"
 #include "test_text.h"
 
 #if AUTOMATION_HAS_TEST_HOOKS

@@ -1,4 +1,4 @@
-// Helpers of the automation tests: the text of a string, the platform's messages, raised failures.
+// Text helpers of the automation tests.
 #pragma once
 
 #include <string>
@@ -24,17 +24,4 @@ inline std::wstring platformMessage(HRESULT code)
     std::wstring message = length != 0 ? std::wstring(text, length) : std::wstring();
     LocalFree(text);
     return message;
-}
-
-// The automation failure `action` raises; a failure of code S_OK when it raises none.
-template <class Action>
-_com_error failureOf(Action action)
-{
-    try {
-        action();
-    }
-    catch (const _com_error& failure) {
-        return failure;
-    }
-    return _com_error(S_OK);
 }

@@ -105,15 +105,15 @@ TEST(VariantChangeType, ConvertsInPlaceOrThroughAReferenceAndKeepsTheDestination
 
 TEST(VariantChangeType, AsksAnObjectForTheOtherInterface)
 {
-    TestWidget* widget = new TestWidget;
+    TestWidget widget;
     {
-        _variant_t unknown(static_cast<IUnknown*>(static_cast<ITestWidget*>(widget)));
+        _variant_t unknown(static_cast<IUnknown*>(static_cast<ITestWidget*>(&widget)));
         const Converted dispatch = convert(unknown, VT_DISPATCH);
         ASSERT_EQ(dispatch.status, S_OK);
-        EXPECT_EQ(V_DISPATCH(&dispatch.value), static_cast<IDispatch*>(widget));
-        EXPECT_EQ(widget->references(), 3u);
+        EXPECT_EQ(V_DISPATCH(&dispatch.value), static_cast<IDispatch*>(&widget));
+        EXPECT_EQ(widget.references(), 2u);
     }
-    EXPECT_EQ(widget->Release(), 0u);
+    EXPECT_EQ(widget.references(), 0u);
 
     // An error record has no IDispatch.
     ICreateErrorInfo* record = nullptr;

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "automation.h"
+#include "automation_failure.h"
 #include "test_text.h"
 #include "test_widget.h"
 
@@ -119,15 +120,15 @@ TEST(VariantT, ConvertsThroughVariantChangeType)
 
 TEST(VariantT, HoldsOneReferenceToAnObject)
 {
-    TestWidget* widget = new TestWidget;
+    TestWidget widget;
     {
-        const _variant_t held(static_cast<IDispatch*>(widget));
-        EXPECT_EQ(widget->references(), 2u);
+        const _variant_t held(static_cast<IDispatch*>(&widget));
+        EXPECT_EQ(widget.references(), 1u);
         IDispatch* out = held;  // the conversion adds a reference for the caller
-        EXPECT_EQ(widget->references(), 3u);
+        EXPECT_EQ(widget.references(), 2u);
         out->Release();
-        const _variant_t adopted(static_cast<IDispatch*>(widget), false);
-        widget->AddRef();  // the reference `adopted` took over
+        widget.AddRef();  // the reference `adopted` takes over
+        const _variant_t adopted(static_cast<IDispatch*>(&widget), false);
     }
-    EXPECT_EQ(widget->Release(), 0u);
+    EXPECT_EQ(widget.references(), 0u);
 }

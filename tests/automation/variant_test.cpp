@@ -92,22 +92,22 @@ TEST(VariantCopy, DuplicatesArraysAndEachString)
 
 TEST(VariantCopy, AddsAReferenceAndVariantClearTakesItBack)
 {
-    TestWidget* widget = new TestWidget;
+    TestWidget widget;
     VARIANT source;
     VariantInit(&source);
     V_VT(&source) = VT_DISPATCH;
-    V_DISPATCH(&source) = widget;  // the variant adopts the creator's reference
+    V_DISPATCH(&source) = &widget;
+    widget.AddRef();  // the variant's own
     _variant_t copy;
 
     ASSERT_EQ(VariantCopy(&copy, &source), S_OK);
-    EXPECT_EQ(V_DISPATCH(&copy), static_cast<IDispatch*>(widget));
-    EXPECT_EQ(widget->references(), 2u);
+    EXPECT_EQ(V_DISPATCH(&copy), static_cast<IDispatch*>(&widget));
+    EXPECT_EQ(widget.references(), 2u);
     VariantClear(&copy);
-    EXPECT_EQ(widget->references(), 1u);
+    EXPECT_EQ(widget.references(), 1u);
     EXPECT_EQ(V_VT(&copy), VT_EMPTY);
-    widget->AddRef();
     VariantClear(&source);
-    EXPECT_EQ(widget->Release(), 0u);
+    EXPECT_EQ(widget.references(), 0u);
 }
 
 TEST(VariantCopy, AReferenceIsCopiedAsAReference)

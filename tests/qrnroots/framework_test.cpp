@@ -1,7 +1,7 @@
 // The framework stand-ins: the application object's automation face and the date-time class.
 #include "framework.h"
 
-#include "counted_object.h"
+#include "test_widget.h"
 
 #include <gtest/gtest.h>
 
@@ -17,7 +17,7 @@ protected:
 
 TEST(FrameworkApp, GetIDispatchAddsAReferenceOnlyWhenAskedAndOnlyToAnObjectThatExists)
 {
-    CountedObject application;
+    TestWidget application;
     HostApp app;
     EXPECT_EQ(app.GetIDispatch(TRUE), nullptr);
 

@@ -3,7 +3,7 @@
 #include "MxtArray"
 
 #include "core_test_support.h"
-#include "counted_object.h"
+#include "test_widget.h"
 
 namespace {
 
@@ -11,17 +11,17 @@ using ArrayReferences = CoreTest;
 
 TEST_F(ArrayReferences, ReallocationLeavesExactlyOneReferencePerSlot)
 {
-    CountedObject first;
-    CountedObject second;
+    TestWidget first;
+    TestWidget second;
     {
-        MxtArray<ICountedPtr> objects;
+        MxtArray<ITestWidgetPtr> objects;
         for (int i = 0; i < 8; ++i)
-            objects.add(ICountedPtr(&first));
-        objects.add(ICountedPtr(&second));  // the ninth element moves everything to new storage
+            objects.add(ITestWidgetPtr(&first));
+        objects.add(ITestWidgetPtr(&second));  // the ninth element moves everything to new storage
         EXPECT_EQ(objects.getPhysicalLength(), 16);
         EXPECT_EQ(first.references(), 8u);
         EXPECT_EQ(second.references(), 1u);
-        EXPECT_EQ(objects[8].GetInterfacePtr(), static_cast<ICounted*>(&second));
+        EXPECT_EQ(objects[8].GetInterfacePtr(), static_cast<ITestWidget*>(&second));
     }
     EXPECT_EQ(first.references(), 0u);
     EXPECT_EQ(second.references(), 0u);
@@ -29,13 +29,13 @@ TEST_F(ArrayReferences, ReallocationLeavesExactlyOneReferencePerSlot)
 
 TEST_F(ArrayReferences, SlotsPastTheCountHoldTheirReferencesUntilReallocationOrDestruction)
 {
-    CountedObject kept;
-    CountedObject dropped;
-    CountedObject leftOver;
+    TestWidget kept;
+    TestWidget dropped;
+    TestWidget leftOver;
     {
-        MxtArray<ICountedPtr> objects;
-        objects.add(ICountedPtr(&kept));
-        objects.add(ICountedPtr(&dropped));
+        MxtArray<ITestWidgetPtr> objects;
+        objects.add(ITestWidgetPtr(&kept));
+        objects.add(ITestWidgetPtr(&dropped));
         objects.setLength(1);
         EXPECT_EQ(dropped.references(), 1u) << "shrinking the count releases nothing";
 
@@ -43,7 +43,7 @@ TEST_F(ArrayReferences, SlotsPastTheCountHoldTheirReferencesUntilReallocationOrD
         EXPECT_EQ(kept.references(), 1u);
         EXPECT_EQ(dropped.references(), 0u);
 
-        objects.add(ICountedPtr(&leftOver));
+        objects.add(ITestWidgetPtr(&leftOver));
         objects.setLength(0);
         EXPECT_EQ(leftOver.references(), 1u);
     }
@@ -53,22 +53,22 @@ TEST_F(ArrayReferences, SlotsPastTheCountHoldTheirReferencesUntilReallocationOrD
 
 TEST_F(ArrayReferences, SetAtGrowReplacesReferencesAndLeavesSkippedSlotsNull)
 {
-    CountedObject first;
-    CountedObject second;
-    MxtArray<ICountedPtr> objects;
-    objects.setAtGrow(8, ICountedPtr(&first));
+    TestWidget first;
+    TestWidget second;
+    MxtArray<ITestWidgetPtr> objects;
+    objects.setAtGrow(8, ITestWidgetPtr(&first));
     EXPECT_EQ(objects.getLength(), 9);
     for (int i = 0; i < 8; ++i)
         EXPECT_FALSE(objects[i]) << "slot " << i;
 
-    objects.setAtGrow(8, ICountedPtr(&first));
+    objects.setAtGrow(8, ITestWidgetPtr(&first));
     EXPECT_EQ(first.references(), 1u);
-    objects.setAtGrow(8, ICountedPtr(&second));
+    objects.setAtGrow(8, ITestWidgetPtr(&second));
     EXPECT_EQ(first.references(), 0u);
     EXPECT_EQ(second.references(), 1u);
 
     {
-        const MxtArray<ICountedPtr> copy(objects);
+        const MxtArray<ITestWidgetPtr> copy(objects);
         EXPECT_EQ(second.references(), 2u);
     }
     EXPECT_EQ(second.references(), 1u);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "sim/host.h"
+#include "support/automation_failure.h"
 #include "support/faults.h"
 #include "support/host_test.h"
 
@@ -43,19 +44,6 @@ inline HostMenuGroupPtr loadMx()
 
 // The default host, installed for each test; after it nothing may be left behind.
 using SimTest = module_testing::SimulatedHostTest;
-
-// The automation failure a call raises; a failing expectation when it raises none.
-template <class Call> _com_error failureOf(Call call)
-{
-    try {
-        call();
-    }
-    catch (const _com_error& failure) {
-        return failure;
-    }
-    ADD_FAILURE() << "the call did not fail";
-    return _com_error(S_OK);
-}
 
 inline std::wstring descriptionOf(const _com_error& failure)
 {

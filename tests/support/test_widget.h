@@ -1,6 +1,7 @@
-// A small automation object for the tests. It is reference counted, answers QueryInterface for
-// IUnknown, IDispatch, ITestWidget and ISupportErrorInfo, and says it leaves error information for
-// ITestWidget only. Queries for anything else get the refusal it was made with.
+// A small automation object for the tests. The test owns it (it is never deleted through Release),
+// so the references its callers hold can be read after every one is gone. It answers
+// QueryInterface for IUnknown, IDispatch, ITestWidget and ISupportErrorInfo, and says it leaves
+// error information for ITestWidget only. Queries for anything else get the refusal it was made with.
 #pragma once
 
 #include "automation.h"
@@ -21,8 +22,9 @@ _COM_SMARTPTR_TYPEDEF(ITestGadget, __uuidof(ITestGadget));
 
 class TestWidget final : public ITestWidget, public ISupportErrorInfo {
 public:
-    // Made with one reference, which the creator owns.
     explicit TestWidget(HRESULT refusal = E_NOINTERFACE) : m_refusal(refusal) {}
+    TestWidget(const TestWidget&) = delete;
+    TestWidget& operator=(const TestWidget&) = delete;
 
     // The references held now, without changing them.
     ULONG references() const { return m_references; }
@@ -42,13 +44,7 @@ public:
         return S_OK;
     }
     ULONG STDMETHODCALLTYPE AddRef() override { return ++m_references; }
-    ULONG STDMETHODCALLTYPE Release() override
-    {
-        const ULONG remaining = --m_references;
-        if (remaining == 0)
-            delete this;
-        return remaining;
-    }
+    ULONG STDMETHODCALLTYPE Release() override { return --m_references; }
 
     HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
@@ -78,8 +74,6 @@ public:
     }
 
 private:
-    ~TestWidget() = default;
-
-    ULONG m_references = 1;
+    ULONG m_references = 0;
     HRESULT m_refusal;
 };
