@@ -4,7 +4,6 @@
 #include "CADPlotUtilities.h"
 #include "ZORBAppUtilities.h"
 
-#include "host_calls.h"
 #include "support/fault_sweep.h"
 #include "support/mxt_text.h"
 
@@ -13,7 +12,9 @@
 
 #include <gtest/gtest.h>
 
+#include <initializer_list>
 #include <iostream>
+#include <string>
 #include <vector>
 
 using namespace module_testing;
@@ -30,6 +31,30 @@ const std::wstring kMXSupportFolder = L"D:\\MX\\Support";
 const std::wstring kGeneralProfile = L"FixedProfile\\General";
 const std::wstring kSupportPathWithMX = kSupportPath + L";D:\\MX\\Support";
 const std::wstring kPrinterPathWithMX = kPrinterStyleSheetPath + L";" + kMXSupportFolder;
+
+// Host calls in journal form. The query for the application's interface is no host call, nor is
+// reading the registry below the root the host's services name.
+const std::vector<std::string> kReachApplication = {"sdk.zbedGetZorbWinApp", "CWinApp.GetIDispatch"};
+
+std::vector<std::string> followedBy(std::vector<std::string> calls, std::initializer_list<std::string> then)
+{
+    calls.insert(calls.end(), then);
+    return calls;
+}
+
+std::vector<std::string> reachingPreferencesFiles(std::initializer_list<std::string> then)
+{
+    return followedBy(
+        followedBy(kReachApplication, {"HostApplication.get_Preferences", "HostPreferences.get_Files"}),
+        then);
+}
+
+std::vector<std::string> readingRegistry(std::initializer_list<std::string> then = {})
+{
+    return followedBy(
+        {"sdk.zbdbHostApplicationServices", "ZbDbHostApplicationServices.getUserRegistryProductRootKey"},
+        then);
+}
 
 sim::HostState arrangedHost()
 {
