@@ -8,25 +8,6 @@
 #include <limits>
 
 namespace sim::detail {
-namespace {
-
-// A member name as a JSON pointer writes it.
-std::string escapedKey(const std::string& key)
-{
-    std::string escaped;
-    for (char c : key) {
-        if (c == '~')
-            escaped += "~0";
-        else if (c == '/')
-            escaped += "~1";
-        else
-            escaped += c;
-    }
-    return escaped;
-}
-
-}  // namespace
-
 void JsonReader::fail(const std::string& message) const
 {
     throw StateError((m_path.empty() ? std::string("document") : m_path) + ": " + message);
@@ -34,7 +15,7 @@ void JsonReader::fail(const std::string& message) const
 
 JsonReader JsonReader::at(const std::string& key, const nlohmann::json& value) const
 {
-    return JsonReader(value, m_path + "/" + escapedKey(key));
+    return JsonReader(value, (nlohmann::json::json_pointer(m_path) / key).to_string());
 }
 
 void JsonReader::expectObject(std::initializer_list<const char*> known) const

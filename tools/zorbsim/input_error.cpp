@@ -1,24 +1,8 @@
 #include "input_error.h"
 
+#include <nlohmann/json.hpp>
+
 namespace zorbsim {
-namespace {
-
-// A JSON pointer's reference token: "~" and "/" are escaped as "~0" and "~1".
-std::string escapePointerToken(const std::string& key)
-{
-    std::string escaped;
-    for (const char c : key) {
-        if (c == '~')
-            escaped += "~0";
-        else if (c == '/')
-            escaped += "~1";
-        else
-            escaped += c;
-    }
-    return escaped;
-}
-
-}  // namespace
 
 InputPlace InputPlace::step(std::size_t index) const
 {
@@ -30,7 +14,7 @@ InputPlace InputPlace::step(std::size_t index) const
 InputPlace InputPlace::operator/(const std::string& key) const
 {
     InputPlace place = *this;
-    place.m_pointer += "/" + escapePointerToken(key);
+    place.m_pointer = (nlohmann::json::json_pointer(m_pointer) / key).to_string();
     return place;
 }
 
@@ -51,7 +35,10 @@ std::string InputPlace::text() const
     return text;
 }
 
-void InputPlace::fail(const std::string& message) const { throw InputError(text() + ": " + message); }
+void InputPlace::fail(const std::string& message) const
+{
+    throw InputError(text() + ": " + message);
+}
 
 void InputPlace::failNested(const std::string& message) const
 {
