@@ -4,13 +4,18 @@
 
 namespace sim {
 
+bool Answer::operator==(const Answer& other) const
+{
+    return kind == other.kind && number == other.number;
+}
+
 bool Fault::operator==(const Fault& other) const
 {
     return kind == other.kind && method == other.method && object == other.object && nth == other.nth &&
-           status == other.status && matchingCallsSeen == other.matchingCallsSeen;
+           status == other.status && answer == other.answer && matchingCallsSeen == other.matchingCallsSeen;
 }
 
-bool canFailStringAllocation()
+bool canFailRuntimeCalls()
 {
 #if AUTOMATION_HAS_TEST_HOOKS
     return true;
@@ -28,6 +33,7 @@ const char* methodOf(const Fault& fault)
     switch (fault.kind) {
     case FaultKind::failCall:
     case FaultKind::nullObject:
+    case FaultKind::answer:
         return fault.method.c_str();
     case FaultKind::noFrameworkObject:
         return kGetFrameworkObject;
@@ -36,6 +42,7 @@ const char* methodOf(const Fault& fault)
     case FaultKind::refuseApplicationInterface:
         return kQueryApplication;
     case FaultKind::failStringAllocation:
+    case FaultKind::failVariantCopy:
         return nullptr;  // counted by the automation runtime, not by calls
     }
     return nullptr;
@@ -65,7 +72,12 @@ void applyFault(const Fault& fault, FaultVerdict& verdict)
     case FaultKind::noDispatch:
         verdict.giveNull = true;
         break;
+    case FaultKind::answer:
+        verdict.success = fault.status;
+        verdict.answer = fault.answer;
+        break;
     case FaultKind::failStringAllocation:
+    case FaultKind::failVariantCopy:
         break;
     }
 }

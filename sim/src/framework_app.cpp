@@ -21,16 +21,11 @@ IDispatch* FrameworkApp::automationDispatch()
     Call call(*m_core, subject, kGetDispatch);
     if (call.refused())
         return nullptr;
-    if (call.givesNull()) {
-        call.fail(E_FAIL, L"no automation object");
-        return nullptr;
-    }
     if (m_application == nullptr) {
         m_application = newApplication(m_core);
         ++m_core->hostReferences;
     }
-    call.succeed();
-    return m_application;
+    return call.giveSdkObject(static_cast<IDispatch*>(m_application), L"no automation object");
 }
 
 }  // namespace sim::detail

@@ -1,5 +1,6 @@
 #include "sim/host.h"
 
+#include "fault_check.h"
 #include "installation.h"
 #include "sdk_buffers.h"
 
@@ -14,39 +15,31 @@ detail::Installation* g_installation = nullptr;
 // A fault the host could not honour is refused when it is armed, not ignored later.
 void checkFault(const Fault& fault)
 {
-    if (fault.nth < 0)
-        throw std::invalid_argument("a fault counts calls from 1 (0 for every call), not " +
-                                    std::to_string(fault.nth));
-    if (fault.kind == FaultKind::failCall && SUCCEEDED(fault.status))
-        throw std::invalid_argument("a failCall fault needs a failing status");
-    if ((fault.kind == FaultKind::failCall || fault.kind == FaultKind::nullObject) && fault.method.empty())
-        throw std::invalid_argument("a failCall or nullObject fault names the method it is about");
-    if (fault.kind == FaultKind::failStringAllocation) {
-        if (!canFailStringAllocation())
-            throw std::logic_error("string allocation faults need the portable automation runtime");
-        if (fault.nth == 0)
-            throw std::invalid_argument(
-                "a string allocation fault names which allocation fails (nth from 1)");
-    }
+    if (const auto wrong = detail::whyFaultCannotAct(fault))
+        throw std::invalid_argument(*wrong);
 }
 
-// String allocation is counted by the automation runtime itself; the last such fault armed is
-// the one in force.
-void armStringAllocationFaults(const std::vector<Fault>& faults)
+// The automation runtime counts string allocations and variant copies itself; of each kind, the
+// last fault armed is the one in force.
+void armRuntimeFaults(const std::vector<Fault>& faults)
 {
 #if AUTOMATION_HAS_TEST_HOOKS
-    for (const Fault& fault : faults)
+    for (const Fault& fault : faults) {
         if (fault.kind == FaultKind::failStringAllocation)
             automation_testing::failStringAllocation(static_cast<unsigned long>(fault.nth));
+        else if (fault.kind == FaultKind::failVariantCopy)
+            automation_testing::failVariantCopy(static_cast<unsigned long>(fault.nth), fault.status);
+    }
 #else
     (void)faults;
 #endif
 }
 
-void disarmStringAllocationFaults()
+void disarmRuntimeFaults()
 {
 #if AUTOMATION_HAS_TEST_HOOKS
     automation_testing::failStringAllocation(0);
+    automation_testing::failVariantCopy(0, S_OK);
 #endif
 }
 
@@ -66,14 +59,14 @@ Host::Host(HostState state)
     m_impl = std::make_unique<Impl>(std::move(state));
     g_current = this;
     g_installation = &m_impl->installation;
-    armStringAllocationFaults(m_impl->installation.core().state.faults);
+    armRuntimeFaults(m_impl->installation.core().state.faults);
 }
 
 Host::Host() : Host(defaultHostState()) {}
 
 Host::~Host()
 {
-    disarmStringAllocationFaults();
+    disarmRuntimeFaults();
     g_current = nullptr;
     g_installation = nullptr;
 }
@@ -92,13 +85,13 @@ void Host::armFault(Fault fault)
     checkFault(fault);
     fault.matchingCallsSeen = 0;
     state().faults.push_back(fault);
-    armStringAllocationFaults({fault});
+    armRuntimeFaults({fault});
 }
 
 void Host::clearFaults()
 {
     state().faults.clear();
-    disarmStringAllocationFaults();
+    disarmRuntimeFaults();
 }
 
 long Host::referencesHeld() const

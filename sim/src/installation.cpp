@@ -13,7 +13,7 @@ const wchar_t* HostServices::getUserRegistryProductRootKey() const
     if (call.refused())
         return nullptr;
     call.succeed();
-    return m_core.state.registryRootKey.c_str();
+    return call.answer().kind == Answer::Kind::null ? nullptr : m_core.state.registryRootKey.c_str();
 }
 
 Installation::Installation(HostState state)

@@ -30,10 +30,17 @@ const std::pair<ItemType, const char*> kItemTypes[] = {
 const std::pair<FaultKind, const char*> kFaultKinds[] = {
     {FaultKind::failCall, "failCall"},
     {FaultKind::nullObject, "nullObject"},
+    {FaultKind::answer, "answer"},
     {FaultKind::noFrameworkObject, "noFrameworkObject"},
     {FaultKind::noDispatch, "noDispatch"},
     {FaultKind::refuseApplicationInterface, "refuseApplicationInterface"},
     {FaultKind::failStringAllocation, "failStringAllocation"},
+    {FaultKind::failVariantCopy, "failVariantCopy"},
+};
+
+const std::pair<BeyondEnd, const char*> kBeyondEnd[] = {
+    {BeyondEnd::refuse, "refuse"},
+    {BeyondEnd::append, "append"},
 };
 
 }  // namespace
@@ -43,5 +50,8 @@ std::optional<ItemType> itemTypeNamed(const std::string& name) { return lookUp(k
 
 const char* nameOfFaultKind(FaultKind kind) { return nameIn(kFaultKinds, kind); }
 std::optional<FaultKind> faultKindNamed(const std::string& name) { return lookUp(kFaultKinds, name); }
+
+const char* nameOfBeyondEnd(BeyondEnd choice) { return nameIn(kBeyondEnd, choice); }
+std::optional<BeyondEnd> beyondEndNamed(const std::string& name) { return lookUp(kBeyondEnd, name); }
 
 }  // namespace sim::detail

@@ -15,4 +15,7 @@ std::optional<ItemType> itemTypeNamed(const std::string& name);
 const char* nameOfFaultKind(FaultKind kind);
 std::optional<FaultKind> faultKindNamed(const std::string& name);
 
+const char* nameOfBeyondEnd(BeyondEnd choice);
+std::optional<BeyondEnd> beyondEndNamed(const std::string& name);
+
 }  // namespace sim::detail

@@ -237,7 +237,9 @@ std::shared_ptr<MenuGroup> detail::copyMenuGroup(const MenuGroup& group) { retur
 
 bool operator==(const HostState& a, const HostState& b)
 {
-    return sameNodes(a.menuGroups, b.menuGroups, sameGroup) && sameMenuBar(a, b) &&
+    return a.behaviour.strictArguments == b.behaviour.strictArguments &&
+           a.behaviour.menuIndexBeyondEnd == b.behaviour.menuIndexBeyondEnd &&
+           sameNodes(a.menuGroups, b.menuGroups, sameGroup) && sameMenuBar(a, b) &&
            sameNodes(a.documents, b.documents, sameDocument) && sameActiveDocument(a, b) &&
            a.drawingsOnDisk == b.drawingsOnDisk && sameValues(a.plotJobs, b.plotJobs, samePlotJob) &&
            a.plotterAnswers == b.plotterAnswers && sameValues(a.zoomRequests, b.zoomRequests, sameZoom) &&
@@ -253,6 +255,7 @@ bool operator==(const HostState& a, const HostState& b)
 HostState clone(const HostState& state)
 {
     HostState copy;
+    copy.behaviour = state.behaviour;
     MenuCopies menuCopies;
     copy.menuGroups =
         copyNodes(state.menuGroups, [&](const MenuGroup& group) { return copyGroup(group, &menuCopies); });

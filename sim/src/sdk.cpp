@@ -61,12 +61,7 @@ CWinApp* zbedGetZorbWinApp()
     Call call(host->core(), sdkSubject(), sim::detail::kGetFrameworkObject);
     if (call.refused())
         return nullptr;
-    if (call.givesNull()) {
-        call.fail(E_FAIL, L"no framework object");
-        return nullptr;
-    }
-    call.succeed();
-    return host->frameworkObject();
+    return call.giveSdkObject(host->frameworkObject(), L"no framework object");
 }
 
 int zbedGetVar(const wchar_t* name, resbuf* value)
@@ -84,7 +79,8 @@ int zbedGetVar(const wchar_t* name, resbuf* value)
     }
     value->rbnext = nullptr;
     value->restype = kZbShortValue;
-    value->resval.rint = *variable;
+    const sim::Answer& answer = call.answer();
+    value->resval.rint = answer.kind == sim::Answer::Kind::number ? static_cast<short>(answer.number) : *variable;
     call.succeed();
     return kZbNormal;
 }
@@ -131,7 +127,9 @@ int zbedFindFile(const wchar_t* fileName, ZbString& found)
         call.fail(E_FAIL, L"file not found on the search path");
         return kZbError;
     }
-    found.buffer = sim::detail::allocateHostBuffer(*path);
+    // An answer may make the search succeed without a found path.
+    found.buffer =
+        call.answer().kind == sim::Answer::Kind::null ? nullptr : sim::detail::allocateHostBuffer(*path);
     call.succeed();
     return kZbNormal;
 }
@@ -162,10 +160,5 @@ ZbDbHostApplicationServices* zbdbHostApplicationServices()
     Call call(host->core(), sdkSubject(), "sdk.zbdbHostApplicationServices");
     if (call.refused())
         return nullptr;
-    if (call.givesNull()) {
-        call.fail(E_FAIL, L"no host services");
-        return nullptr;
-    }
-    call.succeed();
-    return host->services();
+    return call.giveSdkObject(host->services(), L"no host services");
 }

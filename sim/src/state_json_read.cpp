@@ -5,6 +5,7 @@
 
 #include "sim/json_text.h"
 
+#include "fault_check.h"
 #include "json_names.h"
 #include "json_reader.h"
 #include "status_names.h"
@@ -244,16 +245,32 @@ HRESULT readStatus(const JsonReader& in)
     return static_cast<HRESULT>(static_cast<std::uint32_t>(in.integer(INT32_MIN, UINT32_MAX)));
 }
 
+Answer readAnswer(const JsonReader& in)
+{
+    Answer answer;
+    if (in.isNull()) {
+        answer.kind = Answer::Kind::null;
+    }
+    else {
+        answer.kind = Answer::Kind::number;
+        answer.number = in.integer(INT32_MIN, UINT32_MAX);
+    }
+    return answer;
+}
+
 Fault readFault(const JsonReader& in)
 {
-    in.expectObject({"kind", "method", "object", "nth", "status", "matchingCallsSeen"});
+    in.expectObject({"kind", "method", "object", "nth", "status", "answer", "matchingCallsSeen"});
     Fault fault;
     readMember(in, "kind", fault.kind, [](const JsonReader& value) {
         if (const auto kind = detail::faultKindNamed(text::toUtf8(value.text())))
             return *kind;
-        value.expected("a fault kind: failCall, nullObject, noFrameworkObject, noDispatch, "
-                       "refuseApplicationInterface, failStringAllocation");
+        value.expected("a fault kind: failCall, nullObject, answer, noFrameworkObject, noDispatch, "
+                       "refuseApplicationInterface, failStringAllocation, failVariantCopy");
     });
+    // An answer succeeds: without a status of its own it succeeds with S_OK.
+    if (fault.kind == FaultKind::answer)
+        fault.status = S_OK;
     readMember(in, "method", fault.method,
                [](const JsonReader& value) { return text::toUtf8(value.text()); });
     readMember(in, "object", fault.object,
@@ -261,12 +278,11 @@ Fault readFault(const JsonReader& in)
     readMember(in, "nth", fault.nth,
                [](const JsonReader& value) { return static_cast<int>(value.integer(0, INT_MAX)); });
     readMember(in, "status", fault.status, readStatus);
+    readMember(in, "answer", fault.answer, readAnswer);
     readMember(in, "matchingCallsSeen", fault.matchingCallsSeen,
                [](const JsonReader& value) { return static_cast<int>(value.integer(0, INT_MAX)); });
-    if ((fault.kind == FaultKind::failCall || fault.kind == FaultKind::nullObject) && fault.method.empty())
-        in.fail("a " + std::string(detail::nameOfFaultKind(fault.kind)) + " fault needs a \"method\"");
-    if (fault.kind == FaultKind::failCall && SUCCEEDED(fault.status))
-        in.fail("a failCall fault needs a failing \"status\"");
+    if (const auto wrong = detail::whyFaultCannotAct(fault))
+        in.fail(*wrong);
     return fault;
 }
 
@@ -351,10 +367,20 @@ template <class Value, class Read> std::map<std::wstring, Value> readMap(const J
 
 HostState readState(const JsonReader& in)
 {
-    in.expectObject({"menuGroups", "menuBar", "documents", "activeDocument", "drawingsOnDisk", "plotJobs",
+    in.expectObject({"behaviour", "menuGroups", "menuBar", "documents", "activeDocument", "drawingsOnDisk", "plotJobs",
                      "plotterAnswers", "zoomRequests", "preferences", "systemVariables", "registry",
                      "searchPathFiles", "menuFiles", "mxSupportFolder", "faults"});
     HostState state;
+    if (const auto behaviour = in.member("behaviour")) {
+        behaviour->expectObject({"strictArguments", "menuIndexBeyondEnd"});
+        readBoolean(*behaviour, "strictArguments", state.behaviour.strictArguments);
+        readMember(*behaviour, "menuIndexBeyondEnd", state.behaviour.menuIndexBeyondEnd,
+                   [](const JsonReader& value) {
+                       if (const auto choice = detail::beyondEndNamed(text::toUtf8(value.text())))
+                           return *choice;
+                       value.expected("\"refuse\" or \"append\"");
+                   });
+    }
     readNodesMember(in, "menuGroups", state.menuGroups, readGroup);
     if (const auto bar = in.member("menuBar"))
         for (const JsonReader& entry : bar->elements())

@@ -120,12 +120,23 @@ json plotJobOf(const PlotJob& job)
 
 json faultOf(const Fault& fault)
 {
-    return {{"kind", detail::nameOfFaultKind(fault.kind)},
-            {"method", fault.method},
-            {"object", fault.object},
-            {"nth", fault.nth},
-            {"status", nameOfStatus(fault.status)},
-            {"matchingCallsSeen", fault.matchingCallsSeen}};
+    json out = {{"kind", detail::nameOfFaultKind(fault.kind)},
+                {"method", fault.method},
+                {"object", fault.object},
+                {"nth", fault.nth},
+                {"status", nameOfStatus(fault.status)},
+                {"matchingCallsSeen", fault.matchingCallsSeen}};
+    switch (fault.answer.kind) {
+    case Answer::Kind::hostValue:
+        break;
+    case Answer::Kind::number:
+        out["answer"] = fault.answer.number;
+        break;
+    case Answer::Kind::null:
+        out["answer"] = nullptr;
+        break;
+    }
+    return out;
 }
 
 // A menu-bar menu by the group that holds it (by name, or by position when the name is not
@@ -187,6 +198,9 @@ nlohmann::json stateToJson(const HostState& state)
         faults.push_back(faultOf(fault));
     const auto identity = [](const auto& value) { return json(value); };
     return {
+        {"behaviour",
+         {{"strictArguments", state.behaviour.strictArguments},
+          {"menuIndexBeyondEnd", detail::nameOfBeyondEnd(state.behaviour.menuIndexBeyondEnd)}}},
         {"menuGroups", nodesOf(state.menuGroups, groupOf)},
         {"menuBar", menuBar},
         {"documents", nodesOf(state.documents, documentOf)},

@@ -114,7 +114,7 @@ FaultsStep readFaultsStep(const json& step, const InputPlace& stepPlace)
             (place / "arm").failNested(error.what());
         }
         for (std::size_t i = 0; i < result.arm.size(); ++i) {
-            if (result.arm[i].kind == sim::FaultKind::failStringAllocation && !sim::canFailStringAllocation())
+            if (result.arm[i].kind == sim::FaultKind::failStringAllocation && !sim::canFailRuntimeCalls())
                 (place / "arm" / i).fail("string allocation cannot be made to fail in this build");
         }
     }

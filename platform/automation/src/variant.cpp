@@ -6,6 +6,10 @@ using automation_detail::variantMayHold;
 
 namespace {
 
+// The test hook's countdown to a failing copy, and the status it fails with.
+unsigned long copyFailureCountdown = 0;
+HRESULT copyFailureStatus = E_FAIL;
+
 bool holdsInterface(const VARIANT* variant)
 {
     return (V_VT(variant) == VT_DISPATCH || V_VT(variant) == VT_UNKNOWN) && V_UNKNOWN(variant) != nullptr;
@@ -59,6 +63,8 @@ HRESULT VariantClear(VARIANTARG* variant)
 
 HRESULT VariantCopy(VARIANTARG* destination, VARIANTARG* source)
 {
+    if (copyFailureCountdown != 0 && --copyFailureCountdown == 0)
+        return copyFailureStatus;
     if (destination == nullptr || source == nullptr)
         return E_INVALIDARG;
     if (destination == source)
@@ -74,3 +80,13 @@ HRESULT VariantCopy(VARIANTARG* destination, VARIANTARG* source)
         *destination = copy;
     return result;
 }
+
+namespace automation_testing {
+
+void failVariantCopy(unsigned long nth, HRESULT status)
+{
+    copyFailureCountdown = nth;
+    copyFailureStatus = status;
+}
+
+}  // namespace automation_testing

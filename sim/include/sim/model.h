@@ -109,7 +109,22 @@ struct PreferencesFiles {
     std::wstring drawingPath;
 };
 
+// How forgiving the host is with what its callers pass.
+enum class BeyondEnd {
+    refuse,  // an index beyond the count is refused (E_INVALIDARG)
+    append,  // an index beyond the count appends
+};
+
+struct HostBehaviour {
+    // On: every argument must have exactly the variant type the host's interface documents, and
+    // yes/no values written must be -1 or 0. Off: the host coerces as hosts commonly do.
+    bool strictArguments = false;
+    // Adding a menu item, separator or submenu, or a menu to the menu bar, beyond the end.
+    BeyondEnd menuIndexBeyondEnd = BeyondEnd::refuse;
+};
+
 struct HostState {
+    HostBehaviour behaviour;
     std::vector<std::shared_ptr<MenuGroup>> menuGroups;      // loaded, in the host's order
     std::vector<std::shared_ptr<PopupMenu>> menuBar;         // menus on the menu bar, in order
     std::vector<std::shared_ptr<Document>> documents;        // open, in the host's order

@@ -39,8 +39,8 @@ Call::Call(HostCore& core, const CallSubject& subject, const char* method,
 
 HRESULT Call::succeed()
 {
-    end(S_OK);
-    return S_OK;
+    end(m_verdict.success);
+    return m_verdict.success;
 }
 
 HRESULT Call::fail(HRESULT status, const std::wstring& description)
@@ -53,6 +53,10 @@ HRESULT Call::fail(HRESULT status, const std::wstring& description)
 
 HRESULT Call::giveText(BSTR* output, const std::wstring& value)
 {
+    if (m_verdict.answer.kind == Answer::Kind::null) {
+        *output = nullptr;
+        return succeed();
+    }
     *output = SysAllocStringLen(value.data(), static_cast<UINT>(value.size()));
     if (*output == nullptr)
         return fail(E_OUTOFMEMORY, L"out of memory for the text");

@@ -50,13 +50,21 @@ public:
     HRESULT succeed();
     HRESULT fail(HRESULT status, const std::wstring& description);
 
-    // Ends the call giving an object, or no object when a fault says so.
+    // Each ends the call giving its result: an object (none when a fault withholds it), a text, a
+    // value, or what an answer fault gives in their place.
     template <class Interface, class Make> HRESULT giveObject(Interface** output, Make make);
     HRESULT giveText(BSTR* output, const std::wstring& value);
     template <class T> HRESULT giveValue(T* output, T value);
 
+    // Ends an SDK call that gives an object: none when a fault withholds it, which the SDK function
+    // reports as its failure (`missing` says what was withheld).
+    template <class T> T* giveSdkObject(T* object, const wchar_t* missing);
+
     // Whether a fault makes this call give no object (for calls that then must not act).
     bool givesNull() const { return m_verdict.giveNull; }
+    // What an answer fault makes this call give in place of the host's own value (for the SDK
+    // functions, which give their results in their own ways).
+    const Answer& answer() const { return m_verdict.answer; }
 
     HostState& state() const { return m_core.state; }
 
@@ -85,12 +93,25 @@ template <class T> bool Call::accepts(T* output)
 template <class Interface, class Make> HRESULT Call::giveObject(Interface** output, Make make)
 {
     *output = m_verdict.giveNull ? nullptr : make();
+    m_entry.gaveObject = *output != nullptr;
     return succeed();
 }
 
+template <class T> T* Call::giveSdkObject(T* object, const wchar_t* missing)
+{
+    if (m_verdict.giveNull) {
+        fail(E_FAIL, missing);
+        return nullptr;
+    }
+    m_entry.gaveObject = true;
+    succeed();
+    return object;
+}
+
+// An answer's number is taken as the raw bits of the result type: 0xFFFF gives a VARIANT_BOOL -1.
 template <class T> HRESULT Call::giveValue(T* output, T value)
 {
-    *output = value;
+    *output = m_verdict.answer.kind == Answer::Kind::number ? static_cast<T>(m_verdict.answer.number) : value;
     return succeed();
 }
 
