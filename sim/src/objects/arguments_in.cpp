@@ -2,10 +2,15 @@
 
 #include "sim/journal.h"
 
+#include <algorithm>
+
 namespace sim::detail {
 namespace {
 
-std::wstring typeName(const VARIANT& value) { return *text::fromUtf8(variantTypeName(V_VT(&value))); }
+std::wstring typeName(VARTYPE type) { return *text::fromUtf8(variantTypeName(type)); }
+std::wstring typeName(const VARIANT& value) { return typeName(V_VT(&value)); }
+
+bool strict(const Call& call) { return call.state().behaviour.strictArguments; }
 
 std::optional<long long> wholeNumber(const VARIANT& value)
 {
@@ -21,11 +26,24 @@ std::optional<long long> wholeNumber(const VARIANT& value)
     }
 }
 
-// The elements of a one-dimensional safe array of `type`, copied out; null when it is not one.
-template <class Element> std::optional<std::vector<Element>> elementsOf(const VARIANT& value, VARTYPE type)
+// A whole number of the documented type, or of any whole-number type for a forgiving host.
+std::optional<long long> position(const Call& call, const VARIANT& value, VARTYPE positionType)
 {
-    if (V_VT(&value) != (VT_ARRAY | type) || V_ARRAY(&value) == nullptr ||
-        SafeArrayGetDim(V_ARRAY(&value)) != 1)
+    if (strict(call) && V_VT(&value) != positionType)
+        return std::nullopt;
+    return wholeNumber(value);
+}
+
+// The elements of a one-dimensional safe array of `type`, copied out, with its lower bound; null
+// when it is not one.
+template <class Element> struct ArrayContents {
+    std::vector<Element> elements;
+    LONG lowerBound = 0;
+};
+
+template <class Element> std::optional<ArrayContents<Element>> contentsOf(const VARIANT& value, VARTYPE type)
+{
+    if (V_VT(&value) != (VT_ARRAY | type) || V_ARRAY(&value) == nullptr || SafeArrayGetDim(V_ARRAY(&value)) != 1)
         return std::nullopt;
     SAFEARRAY* array = V_ARRAY(&value);
     LONG lower = 0;
@@ -35,18 +53,36 @@ template <class Element> std::optional<std::vector<Element>> elementsOf(const VA
     void* data = nullptr;
     if (FAILED(SafeArrayAccessData(array, &data)))
         return std::nullopt;
-    std::vector<Element> elements(static_cast<const Element*>(data),
-                                  static_cast<const Element*>(data) + (upper - lower + 1));
+    ArrayContents<Element> contents;
+    contents.elements.assign(static_cast<const Element*>(data), static_cast<const Element*>(data) + (upper - lower + 1));
+    contents.lowerBound = lower;
     SafeArrayUnaccessData(array);
-    return elements;
+    return contents;
 }
+
+// A strict host reads arrays from index 0, as its interface documents them.
+template <class Element>
+bool refusesLowerBound(Call& call, const ArrayContents<Element>& contents, const std::wstring& what)
+{
+    if (!strict(call) || contents.lowerBound == 0)
+        return false;
+    call.fail(E_INVALIDARG, L"the " + what + L" starts at index 0, not " + std::to_wstring(contents.lowerBound));
+    return true;
+}
+
+std::wstring wholeNumberTypes(const Call& call, VARTYPE positionType)
+{
+    return strict(call) ? typeName(positionType) : L"VT_I2, VT_I4, VT_INT";
+}
+
+bool isYesNoValue(long long value) { return value == VARIANT_TRUE || value == VARIANT_FALSE; }
 
 }  // namespace
 
-CollectionIndex readCollectionIndex(const VARIANT& index)
+CollectionIndex readCollectionIndex(const Call& call, const VARIANT& index, VARTYPE positionType)
 {
     CollectionIndex read;
-    if (const auto number = wholeNumber(index)) {
+    if (const auto number = position(call, index, positionType)) {
         read.kind = CollectionIndex::Kind::position;
         read.position = *number;
     }
@@ -57,7 +93,8 @@ CollectionIndex readCollectionIndex(const VARIANT& index)
     return read;
 }
 
-HRESULT refuseIndex(Call& call, const CollectionIndex& index, const VARIANT& given, const std::wstring& what)
+HRESULT refuseIndex(Call& call, const CollectionIndex& index, const VARIANT& given, VARTYPE positionType,
+                    const std::wstring& what)
 {
     switch (index.kind) {
     case CollectionIndex::Kind::position:
@@ -67,58 +104,77 @@ HRESULT refuseIndex(Call& call, const CollectionIndex& index, const VARIANT& giv
     case CollectionIndex::Kind::unusable:
         break;
     }
-    return call.fail(DISP_E_TYPEMISMATCH, L"a " + what +
-                                              L" index is a whole number (VT_I2, VT_I4, VT_INT) or a name "
-                                              L"(VT_BSTR), not " +
+    return call.fail(DISP_E_TYPEMISMATCH, L"a " + what + L" index is a whole number (" +
+                                              wholeNumberTypes(call, positionType) + L") or a name (VT_BSTR), not " +
                                               typeName(given));
 }
 
-bool findInsertion(Call& call, const VARIANT& given, size_t count, const std::wstring& what, size_t& position)
+bool findInsertion(Call& call, const VARIANT& given, VARTYPE positionType, size_t count, BeyondEnd beyond,
+                   const std::wstring& what, size_t& at)
 {
-    const auto number = wholeNumber(given);
+    const auto number = position(call, given, positionType);
     if (!number) {
-        call.fail(DISP_E_TYPEMISMATCH, L"the index to add a " + what +
-                                           L" at is a whole number (VT_I2, VT_I4, "
-                                           L"VT_INT), not " +
-                                           typeName(given));
+        call.fail(DISP_E_TYPEMISMATCH, L"the index to add a " + what + L" at is a whole number (" +
+                                           wholeNumberTypes(call, positionType) + L"), not " + typeName(given));
         return false;
     }
-    if (*number < 0 || *number > static_cast<long long>(count)) {
+    const long long last = static_cast<long long>(count);
+    if (*number < 0 || (*number > last && beyond == BeyondEnd::refuse)) {
         call.fail(E_INVALIDARG, L"cannot add a " + what + L" at index " + std::to_wstring(*number) +
                                     L": indexes 0 to " + std::to_wstring(count) + L" are possible");
         return false;
     }
-    position = static_cast<size_t>(*number);
+    at = static_cast<size_t>(std::min(*number, last));
     return true;
 }
 
 bool readPoint(Call& call, const VARIANT& given, const std::wstring& which, double& x, double& y)
 {
-    const auto coordinates = elementsOf<double>(given, VT_R8);
+    const auto coordinates = contentsOf<double>(given, VT_R8);
     if (!coordinates) {
         call.fail(DISP_E_TYPEMISMATCH, L"the " + which +
-                                           L" is a one-dimensional array of doubles (VT_ARRAY|VT_R8), "
-                                           L"not " +
+                                           L" is a one-dimensional array of doubles (VT_ARRAY|VT_R8), not " +
                                            typeName(given));
         return false;
     }
-    if (coordinates->size() != 2) {
-        call.fail(E_INVALIDARG,
-                  L"the " + which + L" has 2 coordinates, not " + std::to_wstring(coordinates->size()));
+    if (refusesLowerBound(call, *coordinates, which))
+        return false;
+    if (coordinates->elements.size() != 2) {
+        call.fail(E_INVALIDARG, L"the " + which + L" has 2 coordinates, not " +
+                                    std::to_wstring(coordinates->elements.size()));
         return false;
     }
-    x = (*coordinates)[0];
-    y = (*coordinates)[1];
+    x = coordinates->elements[0];
+    y = coordinates->elements[1];
     return true;
 }
 
-bool isMissing(const VARIANT& given)
+bool isMissing(const Call& call, const VARIANT& given)
 {
-    return V_VT(&given) == VT_EMPTY || (V_VT(&given) == VT_ERROR && V_ERROR(&given) == DISP_E_PARAMNOTFOUND);
+    if (V_VT(&given) == VT_ERROR && V_ERROR(&given) == DISP_E_PARAMNOTFOUND)
+        return true;
+    return V_VT(&given) == VT_EMPTY && !strict(call);
 }
 
-bool readYesNo(Call& call, const VARIANT& given, const std::wstring& what, bool& value)
+bool readOptionalYesNo(Call& call, const VARIANT& given, VARTYPE flagType, const std::wstring& what, bool& value)
 {
+    if (isMissing(call, given))
+        return true;
+    if (strict(call)) {
+        const bool documented = V_VT(&given) == flagType;
+        if (!documented) {
+            call.fail(DISP_E_TYPEMISMATCH, L"the " + what + L" is a yes/no value (" + typeName(flagType) +
+                                               L"), not " + typeName(given));
+            return false;
+        }
+        const long long number = flagType == VT_BOOL ? V_BOOL(&given) : *wholeNumber(given);
+        if (!isYesNoValue(number)) {
+            call.fail(E_INVALIDARG, L"the " + what + L" is -1 (yes) or 0 (no), not " + std::to_wstring(number));
+            return false;
+        }
+        value = number != 0;
+        return true;
+    }
     if (V_VT(&given) == VT_BOOL) {
         value = V_BOOL(&given) != VARIANT_FALSE;
         return true;
@@ -130,6 +186,21 @@ bool readYesNo(Call& call, const VARIANT& given, const std::wstring& what, bool&
     call.fail(DISP_E_TYPEMISMATCH,
               L"the " + what + L" is a yes/no value (VT_BOOL, VT_I2, VT_I4, VT_INT), not " + typeName(given));
     return false;
+}
+
+bool readFlag(Call& call, VARIANT_BOOL given, const std::wstring& what, bool& value)
+{
+    if (strict(call) && !isYesNoValue(given)) {
+        call.fail(E_INVALIDARG, L"the " + what + L" is -1 (yes) or 0 (no), not " + std::to_wstring(given));
+        return false;
+    }
+    value = given != VARIANT_FALSE;
+    return true;
+}
+
+bool readOptionalText(Call& call, const VARIANT& given, const std::wstring& what, std::wstring& value)
+{
+    return isMissing(call, given) || readText(call, given, what, value);
 }
 
 bool readText(Call& call, const VARIANT& given, const std::wstring& what, std::wstring& value)
@@ -144,16 +215,17 @@ bool readText(Call& call, const VARIANT& given, const std::wstring& what, std::w
 
 bool readTexts(Call& call, const VARIANT& given, const std::wstring& what, std::vector<std::wstring>& values)
 {
-    const auto texts = elementsOf<BSTR>(given, VT_BSTR);
+    const auto texts = contentsOf<BSTR>(given, VT_BSTR);
     if (!texts) {
         call.fail(DISP_E_TYPEMISMATCH, L"the " + what +
-                                           L" is a one-dimensional array of texts (VT_ARRAY|VT_BSTR), "
-                                           L"not " +
+                                           L" is a one-dimensional array of texts (VT_ARRAY|VT_BSTR), not " +
                                            typeName(given));
         return false;
     }
+    if (refusesLowerBound(call, *texts, what))
+        return false;
     values.clear();
-    for (BSTR element : *texts)
+    for (BSTR element : texts->elements)
         values.push_back(text::fromBstr(element));
     return true;
 }

@@ -49,7 +49,7 @@ public:
             return call.status();
         const auto& documents = state().documents;
         size_t position = 0;
-        if (!findPosition(call, index, documents, L"open drawing", namesDocument, position))
+        if (!findPosition(call, index, kDocumentPosition, documents, L"open drawing", namesDocument, position))
             return call.status();
         return call.giveObject(document, [&] { return newDocument(sharedCore(), documents[position]); });
     }
@@ -65,8 +65,8 @@ public:
             return call.status();
         bool readOnlyWanted = false;
         std::wstring passwordGiven;
-        if ((!isMissing(readOnly) && !readYesNo(call, readOnly, L"read-only argument", readOnlyWanted)) ||
-            (!isMissing(password) && !readText(call, password, L"password", passwordGiven)))
+        if (!readOptionalYesNo(call, readOnly, VT_I2, L"read-only argument", readOnlyWanted) ||
+            !readOptionalText(call, password, L"password", passwordGiven))
             return call.status();
         const std::wstring path = text::fromBstr(fileName);
         if (path.empty())
@@ -135,8 +135,8 @@ public:
             return call.status();
         bool save = false;
         std::wstring saveAs;
-        if ((!isMissing(saveChanges) && !readYesNo(call, saveChanges, L"save-changes argument", save)) ||
-            (!isMissing(fileName) && !readText(call, fileName, L"file name", saveAs)))
+        if (!readOptionalYesNo(call, saveChanges, VT_I2, L"save-changes argument", save) ||
+            !readOptionalText(call, fileName, L"file name", saveAs))
             return call.status();
         if (save) {
             const std::wstring target = saveAs.empty() ? m_document->fullFileName : saveAs;

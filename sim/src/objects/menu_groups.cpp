@@ -30,7 +30,7 @@ public:
             return call.status();
         const auto& groups = state().menuGroups;
         size_t position = 0;
-        if (!findPosition(call, index, groups, L"menu group", namedBy(&MenuGroup::name), position))
+        if (!findPosition(call, index, kMenuPosition, groups, L"menu group", namedBy(&MenuGroup::name), position))
             return call.status();
         return call.giveObject(group, [&] { return newMenuGroup(sharedCore(), groups[position]); });
     }
@@ -43,13 +43,13 @@ public:
         Call call = begin("HostMenuGroups.LoadMenuFile", {Arg::text(menuFile), Arg::variant(baseMenu)});
         if (call.refused() || !call.accepts(group))
             return call.status();
-        if (!isMissing(baseMenu)) {
-            bool asBaseMenu = false;
-            if (!readYesNo(call, baseMenu, L"base-menu argument", asBaseMenu))
-                return call.status();
-            if (asBaseMenu)
-                return call.fail(E_INVALIDARG, L"loading a menu file as the base menu is not simulated");
-        }
+        // The interface documents an empty base-menu argument as "not the base menu".
+        bool asBaseMenu = false;
+        if (V_VT(&baseMenu) != VT_EMPTY &&
+            !readOptionalYesNo(call, baseMenu, VT_BOOL, L"base-menu argument", asBaseMenu))
+            return call.status();
+        if (asBaseMenu)
+            return call.fail(E_INVALIDARG, L"loading a menu file as the base menu is not simulated");
         const std::wstring path = text::fromBstr(menuFile);
         const auto file = std::find_if(state().menuFiles.begin(), state().menuFiles.end(),
                                        [&](const auto& entry) { return text::samePath(entry.first, path); });

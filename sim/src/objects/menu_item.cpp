@@ -1,4 +1,5 @@
 // One item of a popup menu: a command, a separator or a submenu.
+#include "objects/arguments_in.h"
 #include "objects/host_object.h"
 #include "objects/objects.h"
 
@@ -76,9 +77,8 @@ public:
     HRESULT STDMETHODCALLTYPE put_Enabled(VARIANT_BOOL enabled) override
     {
         Call call = begin("HostPopupMenuItem.put_Enabled", {Arg::flag(enabled)});
-        if (call.refused())
+        if (call.refused() || !readFlag(call, enabled, L"enabled flag", m_item->enabled))
             return call.status();
-        m_item->enabled = enabled != VARIANT_FALSE;
         return call.succeed();
     }
 

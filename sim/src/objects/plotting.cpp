@@ -95,9 +95,8 @@ public:
     HRESULT STDMETHODCALLTYPE put_QuietErrorMode(VARIANT_BOOL quiet) override
     {
         Call call = begin("HostPlot.put_QuietErrorMode", {Arg::flag(quiet)});
-        if (call.refused())
+        if (call.refused() || !readFlag(call, quiet, L"quiet-error mode", settings().quietErrorMode))
             return call.status();
-        settings().quietErrorMode = quiet != VARIANT_FALSE;
         return call.succeed();
     }
 
@@ -135,7 +134,7 @@ public:
         if (call.refused() || !call.accepts(plotted))
             return call.status();
         PlotJob job;
-        if (!isMissing(device)) {
+        if (!isMissing(call, device)) {
             std::wstring name;
             if (!readText(call, device, L"plot device", name))
                 return call.status();

@@ -68,7 +68,7 @@ public:
             return call.status();
         const auto& items = m_place.menu->items;
         size_t position = 0;
-        if (!findPosition(call, index, items, L"menu item", namedBy(&PopupMenuItem::label), position))
+        if (!findPosition(call, index, kMenuPosition, items, L"menu item", namedBy(&PopupMenuItem::label), position))
             return call.status();
         return call.giveObject(item,
                                [&] { return newPopupMenuItem(sharedCore(), m_place, items[position]); });
@@ -130,7 +130,8 @@ public:
             return call.fail(E_FAIL, L"menu '" + m_place.menu->name + L"' is already on the menu bar");
         auto& bar = state().menuBar;
         size_t at = 0;
-        if (!findInsertion(call, position, bar.size(), L"menu to the menu bar", at))
+        if (!findInsertion(call, position, kMenuPosition, bar.size(), state().behaviour.menuIndexBeyondEnd,
+                           L"menu to the menu bar", at))
             return call.status();
         bar.insert(bar.begin() + static_cast<std::ptrdiff_t>(at), m_place.menu);
         return call.succeed();
@@ -164,7 +165,8 @@ private:
     {
         auto& items = m_place.menu->items;
         size_t at = 0;
-        if (!findInsertion(call, index, items.size(), what, at))
+        if (!findInsertion(call, index, kMenuPosition, items.size(), state().behaviour.menuIndexBeyondEnd, what,
+                           at))
             return call.status();
         if (call.givesNull())
             return call.succeed();

@@ -30,7 +30,7 @@ public:
         if (call.refused() || !call.accepts(menu))
             return call.status();
         size_t position = 0;
-        if (!findPosition(call, index, m_group->menus, L"menu", namedBy(&PopupMenu::name), position))
+        if (!findPosition(call, index, kMenuPosition, m_group->menus, L"menu", namedBy(&PopupMenu::name), position))
             return call.status();
         const auto& found = m_group->menus[position];
         return call.giveObject(menu, [&] {
@@ -83,7 +83,7 @@ public:
         if (call.refused() || !call.accepts(menu))
             return call.status();
         size_t position = 0;
-        if (!findPosition(call, index, state().menuBar, L"menu on the menu bar", namedBy(&PopupMenu::name),
+        if (!findPosition(call, index, kMenuPosition, state().menuBar, L"menu on the menu bar", namedBy(&PopupMenu::name),
                           position))
             return call.status();
         const auto& found = state().menuBar[position];
