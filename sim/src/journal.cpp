@@ -75,8 +75,11 @@ bool isText(VARTYPE type) { return type == VT_BSTR || type == VT_LPWSTR || type 
 
 void Journal::record(JournalEntry entry)
 {
-    if (m_enabled)
-        m_entries.push_back(std::move(entry));
+    if (!m_enabled)
+        return;
+    m_entries.push_back(std::move(entry));
+    if (m_observer)
+        m_observer(m_entries.back());
 }
 
 std::vector<std::string> Journal::methods() const

@@ -9,12 +9,12 @@
 
 #include <gtest/gtest.h>
 
-using module_testing::SimulatedHostTest;
+using module_testing::ModuleTest;
 using module_testing::text;
 
 namespace {
 
-class HostAccess : public SimulatedHostTest {};
+class HostAccess : public ModuleTest {};
 
 IDispatch* const kNotWritten = reinterpret_cast<IDispatch*>(0x1);
 

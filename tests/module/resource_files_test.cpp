@@ -17,7 +17,7 @@ const MxtString kUntouched(L"untouched");
 const std::wstring kGeneralProfile = L"FixedProfile\\General";
 
 // The host's per-user settings, as the registry holds them below the host's product root.
-class HostResourceFiles : public SimulatedHostTest {
+class HostResourceFiles : public ModuleTest {
 protected:
     HostResourceFiles()
     {

@@ -17,7 +17,7 @@ namespace {
 
 const MxtString kUntouched(L"untouched");
 
-class SearchPaths : public SimulatedHostTest {
+class SearchPaths : public ModuleTest {
 protected:
     SearchPaths()
     {

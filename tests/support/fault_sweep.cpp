@@ -2,58 +2,53 @@
 
 #include "support/leftovers.h"
 
-#include <gtest/gtest.h>
+#include "sim/state_json.h"
 
 #include <algorithm>
+#include <cctype>
 #include <map>
-#include <memory>
-#include <set>
 #include <sstream>
 #include <vector>
 
 namespace module_testing {
 namespace {
 
-// Host methods that give an object, in journal form. Withholding the object is a fault of its
-// own for these; the framework object, the dispatch and the application interface have their own
-// fault kinds.
-const std::set<std::string>& methodsGivingObjects()
-{
-    static const std::set<std::string> methods = {
-        "HostApplication.get_Preferences", "HostApplication.get_MenuGroups", "HostApplication.get_MenuBar",
-        "HostApplication.get_ActiveDocument", "HostApplication.get_Documents", "HostPreferences.get_Files",
-        "HostDocuments.Item", "HostDocuments.Open", "HostDocument.get_Plot", "HostDocument.get_ActiveLayout",
-        "HostMenuGroups.Item", "HostMenuGroups.LoadMenuFile", "HostMenuGroup.get_Menus",
-        "HostMenuGroup.get_Toolbars", "HostPopupMenus.Item", "HostPopupMenus.AddMenu", "HostPopupMenu.Item",
-        "HostPopupMenu.AddMenuItem", "HostPopupMenu.AddSubMenu", "HostPopupMenu.AddSeparator",
-        "HostPopupMenuItem.get_SubMenu", "HostMenuBar.Item", "HostToolbars.Item", "HostToolbar.Item",
-        "HostToolbar.AddButton",
-    };
-    return methods;
-}
-
-// The steps to the application object, in journal form.
+// The steps to the application object, in journal form. They have fault kinds of their own.
 constexpr const char* kGetFrameworkObject = "sdk.zbedGetZorbWinApp";
 constexpr const char* kGetDispatch = "CWinApp.GetIDispatch";
-constexpr const char* kQueryApplication = "HostApplication.QueryInterface";
 
-bool isApplicationStep(const std::string& method)
-{
-    return method == kGetFrameworkObject || method == kGetDispatch || method == kQueryApplication;
-}
+bool isApplicationStep(const std::string& method) { return method == kGetFrameworkObject || method == kGetDispatch; }
 
 // Calls that give their caller no result: a failure of theirs is nothing the caller could see.
-bool givesNoResult(const std::string& method)
-{
-    return method == "sdk.zbHeapFree";
-}
+bool givesNoResult(const std::string& method) { return method == "sdk.zbHeapFree"; }
 
 // Calls on the host's automation objects report failure by a status, which the caller raises;
 // the SDK functions, the host services and the framework report it by their result.
-bool isAutomationCall(const std::string& method)
+bool isAutomationCall(const std::string& method) { return method.rfind("Host", 0) == 0; }
+
+// "HostMenuGroups.Item(VT_I4)": the method with the variant types of its arguments.
+std::string signatureOf(const sim::JournalEntry& entry)
 {
-    return method.rfind("Host", 0) == 0;
+    std::string signature = entry.method + "(";
+    for (size_t i = 0; i < entry.arguments.size(); ++i)
+        signature += (i == 0 ? "" : ", ") + sim::variantTypeName(entry.arguments[i].type);
+    return signature + ")";
 }
+
+// The calls in the form the expectation gives each: with argument types where it names them.
+std::vector<std::string> callsAsExpected(const std::vector<sim::JournalEntry>& entries,
+                                         const std::vector<std::string>& expected)
+{
+    std::vector<std::string> calls;
+    for (size_t i = 0; i < entries.size(); ++i) {
+        const bool withTypes = i < expected.size() && expected[i].find('(') != std::string::npos;
+        calls.push_back(withTypes ? signatureOf(entries[i]) : entries[i].method);
+    }
+    return calls;
+}
+
+// The host states of the undisturbed run: before its first call, and after each call.
+using StateHistory = std::vector<sim::HostState>;
 
 // One way of failing the operation.
 struct FaultSite {
@@ -67,6 +62,9 @@ struct FaultSite {
     // Whether an operation without a handler must raise when the fault reaches it (a failed
     // status or memory), or may also return normally (an SDK result code, an unused object).
     bool mustRaise = false;
+    // Where in the undisturbed run the fault strikes: the host then stands as it stood before that
+    // call. Unknown for string allocations, which may strike anywhere.
+    std::optional<size_t> strikesBeforeCall;
 };
 
 struct RunOutcome {
@@ -129,6 +127,12 @@ bool faultReached(const sim::Host& host)
     return fault.matchingCallsSeen >= std::max(fault.nth, 1);
 }
 
+sim::HostState strictly(sim::HostState state)
+{
+    state.behaviour.strictArguments = true;
+    return state;
+}
+
 // More string allocations than any one operation makes: a sweep that gets here would not end.
 constexpr unsigned long kMostStringAllocations = 10000;
 
@@ -149,7 +153,7 @@ public:
         // Each allocation in turn, until a run no longer reaches the armed one.
         for (unsigned long nth = 1;; ++nth) {
             if (nth > kMostStringAllocations) {
-                ADD_FAILURE() << m_operation.name << " still allocates strings after " << kMostStringAllocations;
+                ADD_FAILURE() << "the operation still allocates strings after " << kMostStringAllocations;
                 break;
             }
             FaultSite site;
@@ -170,16 +174,19 @@ public:
 private:
     std::vector<sim::JournalEntry> runUndisturbed()
     {
-        SCOPED_TRACE(m_operation.name + ", undisturbed");
-        sim::Host host(m_operation.initialState());
-        const Leftovers leftovers;
+        SCOPED_TRACE("undisturbed");
+        sim::Host host(strictly(m_operation.initialState()));
+        const Leftovers leftovers(host);
         host.journal().clear();
+        m_history = {sim::clone(host.state())};
+        host.journal().setObserver([&](const sim::JournalEntry&) { m_history.push_back(sim::clone(host.state())); });
         const RunOutcome outcome = runGuarded(m_operation);
+        host.journal().setObserver(nullptr);
         expectNoExceptionEscaped(outcome);
         if (!outcome.raised && !outcome.raisedOther)
             m_operation.expectSuccess(host);
         if (m_operation.hostCalls) {
-            EXPECT_EQ(host.journal().methods(), *m_operation.hostCalls);
+            EXPECT_EQ(callsAsExpected(host.journal().entries(), *m_operation.hostCalls), *m_operation.hostCalls);
         }
         leftovers.expectNone(host);
         return host.journal().entries();
@@ -189,17 +196,23 @@ private:
     {
         std::vector<FaultSite> sites;
         std::map<std::string, int> occurrences;
-        bool reachesApplication = false;
-        for (const sim::JournalEntry& entry : baseline) {
+        std::optional<size_t> firstFrameworkCall;
+        std::optional<size_t> firstDispatchCall;
+        for (size_t call = 0; call < baseline.size(); ++call) {
+            const sim::JournalEntry& entry = baseline[call];
             const int nth = ++occurrences[entry.method];
             const std::string where = entry.method + " (call " + std::to_string(nth) + ")";
-            reachesApplication = reachesApplication || entry.method == kGetFrameworkObject;
+            if (entry.method == kGetFrameworkObject && !firstFrameworkCall)
+                firstFrameworkCall = call;
+            if (entry.method == kGetDispatch && !firstDispatchCall)
+                firstDispatchCall = call;
             if (givesNoResult(entry.method))
                 continue;
 
             FaultSite failed;
             failed.description = where + " fails";
             failed.fault = failingCall(entry.method, nth);
+            failed.strikesBeforeCall = call;
             if (isApplicationStep(entry.method)) {
                 // The application is then missing, which the operations meet with E_POINTER.
                 failed.expectedCode = E_POINTER;
@@ -210,23 +223,30 @@ private:
             }
             sites.push_back(failed);
 
-            if (methodsGivingObjects().count(entry.method) != 0) {
+            if (entry.gaveObject && !isApplicationStep(entry.method)) {
                 FaultSite withheld;
                 withheld.description = where + " gives no object";
                 withheld.fault = withheldObject(entry.method, nth);
                 withheld.expectedCode = E_POINTER;
+                withheld.strikesBeforeCall = call;
                 sites.push_back(withheld);
             }
         }
-        if (reachesApplication) {
-            for (const auto& [kind, description] :
-                 {std::pair{sim::FaultKind::noFrameworkObject, "the host has no framework object"},
-                  std::pair{sim::FaultKind::noDispatch, "the framework object gives no dispatch"},
-                  std::pair{sim::FaultKind::refuseApplicationInterface, "the application interface is refused"}}) {
+        if (firstFrameworkCall) {
+            // The query for the application interface follows the dispatch without a host call of
+            // its own: refusing it leaves the host as the dispatch call did.
+            const size_t afterDispatch = firstDispatchCall ? *firstDispatchCall + 1 : *firstFrameworkCall;
+            for (const auto& [kind, description, strikes] :
+                 {std::tuple{sim::FaultKind::noFrameworkObject, "the host has no framework object", *firstFrameworkCall},
+                  std::tuple{sim::FaultKind::noDispatch, "the framework object gives no dispatch",
+                             firstDispatchCall.value_or(*firstFrameworkCall)},
+                  std::tuple{sim::FaultKind::refuseApplicationInterface, "the application interface is refused",
+                             afterDispatch}}) {
                 FaultSite site;
                 site.description = description;
                 site.fault = faultOfKind(kind);
                 site.expectedCode = E_POINTER;
+                site.strikesBeforeCall = strikes;
                 sites.push_back(site);
             }
         }
@@ -236,9 +256,9 @@ private:
     // Whether the fault reached the operation.
     bool runWithFault(const FaultSite& site)
     {
-        SCOPED_TRACE(m_operation.name + ", " + site.description);
-        sim::Host host(m_operation.initialState());
-        const Leftovers leftovers;
+        SCOPED_TRACE(site.description);
+        sim::Host host(strictly(m_operation.initialState()));
+        const Leftovers leftovers(host);
         host.journal().clear();
         if (site.onHost)
             host.armFault(site.fault);
@@ -255,6 +275,7 @@ private:
 #endif
         host.clearFaults();
         checkOutcome(site, reached, outcome, host);
+        checkHostState(site, reached, host.state());
         leftovers.expectNone(host);
         return reached;
     }
@@ -285,6 +306,44 @@ private:
         expectFailure(host);
     }
 
+    // The host after a failed run: as the undisturbed run left it just before the failing call (any
+    // such moment, for a string allocation), with what the operation puts back.
+    void checkHostState(const FaultSite& site, bool reached, const sim::HostState& after) const
+    {
+        if (!reached) {
+            expectSameHost(m_history.back(), after, "the undisturbed run's host");
+            return;
+        }
+        std::vector<size_t> moments;
+        if (site.strikesBeforeCall)
+            moments.push_back(std::min(*site.strikesBeforeCall, m_history.size() - 1));
+        else
+            for (size_t moment = 0; moment < m_history.size(); ++moment)
+                moments.push_back(moment);
+        for (size_t moment : moments)
+            if (allowedAt(moment) == after)
+                return;
+        expectSameHost(allowedAt(moments.front()), after,
+                       site.strikesBeforeCall ? "the host as it stood before the failing call"
+                                              : "the host at any moment of the undisturbed run");
+    }
+
+    sim::HostState allowedAt(size_t moment) const
+    {
+        sim::HostState allowed = sim::clone(m_history[moment]);
+        if (m_operation.restoredAfterFailure)
+            m_operation.restoredAfterFailure(allowed, m_history.front());
+        return allowed;
+    }
+
+    static void expectSameHost(const sim::HostState& allowed, const sim::HostState& after, const char* what)
+    {
+        if (allowed == after)
+            return;
+        ADD_FAILURE() << "the host is not " << what << "; the differences, as a JSON patch to the allowed state: "
+                      << nlohmann::json::diff(sim::stateToJson(allowed), sim::stateToJson(after)).dump();
+    }
+
     void expectFailure(const sim::Host& host) const
     {
         if (m_operation.expectFailure)
@@ -293,16 +352,26 @@ private:
             ADD_FAILURE() << "the operation returned normally after a failure";
     }
 
-    void expectNoExceptionEscaped(const RunOutcome& outcome) const
+    static void expectNoExceptionEscaped(const RunOutcome& outcome)
     {
         EXPECT_FALSE(outcome.raised) << "_com_error " << hex(outcome.code) << " escaped the operation";
         EXPECT_FALSE(outcome.raisedOther) << outcome.otherWhat;
     }
 
     const SweptOperation& m_operation;
+    StateHistory m_history;
 };
 
 }  // namespace
+
+std::string sweptOperationName(const SweptOperation& operation)
+{
+    std::string name;
+    for (char c : operation.name)
+        name += std::isalnum(static_cast<unsigned char>(c)) ? c : '_';
+    name.erase(std::unique(name.begin(), name.end(), [](char a, char b) { return a == '_' && b == '_'; }), name.end());
+    return name;
+}
 
 SweepReport sweepFaults(const SweptOperation& operation)
 {

@@ -1,8 +1,9 @@
-// The fault sweep: an operation is run once undisturbed on the simulated host, then once for each
-// way the host can fail it (each host call it made failed in turn, each object it was given
+// The fault sweep: an operation is run once undisturbed on a strict simulated host, then once for
+// each way the host can fail it (each host call it made failed in turn, each object it was given
 // withheld, no framework object, no dispatch, the application interface refused, each automation
 // string allocation failed in turn where the runtime allows it). After every run the operation
-// must have answered as its failure handling says, and left nothing behind.
+// must have answered as its failure handling says, left the host as that handling allows, and left
+// nothing behind.
 #pragma once
 
 #include "support/faults.h"
@@ -11,9 +12,12 @@
 
 #include "automation.h"
 
+#include <gtest/gtest.h>
+
 #include <cstddef>
 #include <functional>
 #include <optional>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -30,25 +34,42 @@ struct SweptOperation {
     FailureHandling handling = FailureHandling::caught;
 
     // The host each run starts from (called once per run, so nodes are never shared between runs).
+    // The sweep makes it strict about argument types.
     std::function<sim::HostState()> initialState = [] { return sim::defaultHostState(); };
 
-    // Calls the operation. It resets the outputs it keeps in the test's own variables first, so
-    // that the checks below see what this run did.
+    // Calls the operation. It resets the outputs it keeps first, so that the checks below see what
+    // this run did.
     std::function<void()> run;
 
-    // The host calls of the undisturbed run, in order, where the test says which they must be.
+    // The host calls of the undisturbed run, in order, where the test says which they must be:
+    // "HostMenuGroups.Item" checks the method, "HostMenuGroups.Item(VT_I4)" also the variant types
+    // its arguments crossed as.
     std::optional<std::vector<std::string>> hostCalls;
 
     // The run no fault reached: results, outputs, host state.
     std::function<void(const sim::Host&)> expectSuccess;
 
-    // A run that a fault reached and that returned normally: the failure value, outputs left as the
-    // operation must leave them, the host unchanged where it must be. Operations whose failure
-    // handling is `propagated` come here only for failures the host reports without a status
-    // (an SDK function's result code, an object withheld that they do not go on to use); leave it
-    // empty for an operation that must raise on every failure.
+    // A run that a fault reached and that returned normally: the failure value and outputs left as
+    // the operation must leave them. Operations whose failure handling is `propagated` come here
+    // only for failures the host reports without a status (an SDK function's result code, an
+    // object withheld that they do not go on to use); leave it empty for an operation that must
+    // raise on every failure.
     std::function<void(const sim::Host&)> expectFailure;
+
+    // What the operation puts back after a failure, applied to the host state it may leave: by
+    // default exactly the state of the undisturbed run just before the call that failed, since
+    // nothing is rolled back and nothing more is done. `initial` is the state the run started from.
+    std::function<void(sim::HostState& allowed, const sim::HostState& initial)> restoredAfterFailure;
 };
+
+// Parameterised sweeps print the operation's name.
+inline std::ostream& operator<<(std::ostream& out, const SweptOperation& operation)
+{
+    return out << operation.name;
+}
+
+// A test name made of the operation's name: "CADPlotUtilities::addPathes" -> "CADPlotUtilities_addPathes".
+std::string sweptOperationName(const SweptOperation& operation);
 
 struct SweepReport {
     std::size_t hostCalls = 0;     // calls of the undisturbed run
@@ -56,7 +77,11 @@ struct SweepReport {
     std::size_t faultsReached = 0; // of those, runs the fault actually reached
 };
 
-// Runs the sweep, adding GoogleTest failures that name the operation and the fault.
+// Runs the sweep, adding GoogleTest failures that name the fault.
 SweepReport sweepFaults(const SweptOperation& operation);
+
+// A parameterised test per operation: each subsystem's sweep file instantiates it with its own
+// operations, INSTANTIATE_TEST_SUITE_P(Paths, FaultSweep, ValuesIn(operations), ...).
+class FaultSweep : public ::testing::TestWithParam<SweptOperation> {};
 
 }  // namespace module_testing

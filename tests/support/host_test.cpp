@@ -2,7 +2,21 @@
 
 namespace module_testing {
 
-SimulatedHostTest::SimulatedHostTest() : m_host(std::make_unique<sim::Host>()) {}
+namespace {
+
+sim::HostState defaultHost(bool strictArguments)
+{
+    sim::HostState state = sim::defaultHostState();
+    state.behaviour.strictArguments = strictArguments;
+    return state;
+}
+
+}  // namespace
+
+SimulatedHostTest::SimulatedHostTest(bool strictArguments)
+    : m_host(std::make_unique<sim::Host>(defaultHost(strictArguments))), m_leftovers(*m_host)
+{
+}
 
 SimulatedHostTest::~SimulatedHostTest() = default;
 

@@ -16,7 +16,8 @@ namespace module_testing {
 
 class SimulatedHostTest : public ::testing::Test {
 protected:
-    SimulatedHostTest();  // installs the default host
+    // Installs the default host, forgiving or strict about argument types.
+    explicit SimulatedHostTest(bool strictArguments = false);
     ~SimulatedHostTest() override;
 
     sim::Host& host() { return *m_host; }
@@ -33,6 +34,13 @@ protected:
 private:
     std::unique_ptr<sim::Host> m_host;
     Leftovers m_leftovers;  // after the host: what the host itself holds from the start is no leftover
+};
+
+// The module's tests run on a strict host, so that every variant type the module passes is
+// checked by every test, not only by those that read the journal.
+class ModuleTest : public SimulatedHostTest {
+protected:
+    ModuleTest() : SimulatedHostTest(true) {}
 };
 
 }  // namespace module_testing

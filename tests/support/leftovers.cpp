@@ -15,7 +15,8 @@ unsigned long liveAutomationStrings()
 #endif
 }
 
-Leftovers::Leftovers() : m_liveStringsBefore(liveAutomationStrings())
+Leftovers::Leftovers(const sim::Host& host)
+    : m_buffersHeldBefore(host.buffersHeld()), m_liveStringsBefore(liveAutomationStrings())
 {
     MxtAssert::clearReports();
 }
@@ -23,6 +24,7 @@ Leftovers::Leftovers() : m_liveStringsBefore(liveAutomationStrings())
 void Leftovers::expectNone(const sim::Host& host) const
 {
     EXPECT_EQ(host.referencesHeld(), 0) << "references on host objects are still held";
+    EXPECT_EQ(host.buffersHeld(), m_buffersHeldBefore) << "host buffers were not given back";
     EXPECT_EQ(liveAutomationStrings(), m_liveStringsBefore) << "automation strings were leaked";
     for (const MxtAssert::Report& report : MxtAssert::reports())
         ADD_FAILURE() << "contract report: " << report.condition << " at " << report.path << ':' << report.line;

@@ -1,5 +1,6 @@
-// What an operation must not leave behind: references held on host objects, automation strings
-// (where the runtime counts them) and contract reports of the core library.
+// What an operation must not leave behind: references held on host objects, host buffers not
+// given back, automation strings (where the runtime counts them) and contract reports of the core
+// library.
 #pragma once
 
 #include "sim/host.h"
@@ -8,13 +9,15 @@ namespace module_testing {
 
 class Leftovers {
 public:
-    // Takes the count of live automation strings as the baseline and clears the contract reports.
-    Leftovers();
+    // Takes the counts of host buffers held and live automation strings as the baseline and clears
+    // the contract reports.
+    explicit Leftovers(const sim::Host& host);
 
     // Adds a test failure for each kind of leftover found since construction.
     void expectNone(const sim::Host& host) const;
 
 private:
+    long m_buffersHeldBefore = 0;
     unsigned long m_liveStringsBefore = 0;
 };
 

@@ -5,6 +5,7 @@
 
 #include "automation.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -36,9 +37,14 @@ public:
     // The methods called, in order ("HostMenuGroups.Item", ...): the handiest form for tests.
     std::vector<std::string> methods() const;
 
+    // Called with each entry as it is recorded, after the call took effect: a test that follows
+    // the host's state call by call installs one. An empty function removes it.
+    void setObserver(std::function<void(const JournalEntry&)> observer) { m_observer = std::move(observer); }
+
 private:
     std::vector<JournalEntry> m_entries;
     bool m_enabled = true;
+    std::function<void(const JournalEntry&)> m_observer;
 };
 
 // One readable line: HostMenuGroups.Item(VT_I4 0) on HostMenuGroups -> S_OK
