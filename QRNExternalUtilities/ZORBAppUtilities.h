@@ -1,5 +1,9 @@
-// The MX product's one way to the running host: search paths, resource files and the host's
+// The MX product's one way to the running host: search paths, resource files, menus and the host's
 // automation root. Every operation finds what it needs afresh and keeps nothing between calls.
+//
+// Failure handling is fixed per operation and said with each: "catches the automation failure"
+// (the failure shows only as the failure value), "catches everything", or "raises _com_error" (the
+// host's failure reaches the caller, who must be prepared to catch it).
 #pragma once
 
 #include "QRNExternalUtilitiesApi.h"
@@ -27,35 +31,88 @@ public:
     ZORBAppUtilities& operator=(const ZORBAppUtilities&);
     ZORBAppUtilities& operator=(ZORBAppUtilities&&);
 
+    // --- Host access ---
+
     // The host application's IDispatch with a reference for the caller. Returns 0 and stores null
     // when the host has no framework object or no automation face; E_FAIL when an automation
     // failure intervened; E_POINTER when `dispatch` itself is null.
     static long getCADAppDispatch(IDispatch** dispatch);
-    // The host application's typed interface with a reference for the caller, or null.
+    // The host application's typed interface with a reference for the caller, or null. Catches
+    // nothing and raises nothing.
     static void* getCadApplication();
 
+    // --- Search paths and resource files ---
+
     // Appends each folder, after ";", unless the current path already contains it (without regard
-    // to case). `merged` may be `current` itself. Raises _com_error(E_OUTOFMEMORY).
+    // to case). `merged` may be `current` itself. Raises _com_error (E_OUTOFMEMORY).
     static void preparePathes(const MxtArray<MxtString>& folders, const _bstr_t& current, _bstr_t& merged);
 
-    // The host's support path, or "" when it cannot be read.
+    // The host's support path, or "" when it cannot be read. Catches the automation failure.
     static MxtString getCADAppSupportPath();
     // Adds the folders to the host's support path; `merged` receives the new path when one was
     // written. False when the host could not be asked or the path would reach 2048 characters.
+    // Catches the automation failure.
     static bool addPathesToCADAppSupportPath(const MxtArray<MxtString>& folders, MxtString& merged);
     // The host's printer style sheet path; `path` is left as it was when false is returned.
+    // Catches the automation failure.
     static bool getPlotStylePath(MxtString& path);
     // Adds the MX support folder to the printer style sheet path (limit: below 1050 characters).
+    // Catches the automation failure.
     static bool addMXPathToCADPrinterStyleSheetPath(MxtString& merged);
 
+    // Catches the automation failure.
     static bool setTemplateDwgPath(const MxtString& path);
-    // `path` is cleared first.
+    // `path` is cleared first. Catches the automation failure.
     static bool getCadDrawingPath(MxtString& path);
-    // The host's installation folder, from its per-user registry settings.
+    // The host's installation folder, from its per-user registry settings. Raises _com_error.
     static bool getCadProductLocation(MxtString& location);
-    // The linetype file the host records under `valueName`, as recorded.
+    // The linetype file the host records under `valueName`, as recorded. Raises _com_error.
     static bool getLinetypeFilePath(const MxtString& valueName, MxtString& path);
     // The hatch pattern file the host records under `valueName`, found on the host's search path;
-    // `path` is left as it was when false is returned.
+    // `path` is left as it was when false is returned. Raises _com_error.
     static bool getHatchFilePath(const MxtString& valueName, MxtString& path);
+
+    // --- Menus ---
+    // A menu group is named by a menu file's last path component (after the last backslash).
+
+    // Whether a loaded group has exactly this name, letter case included. Catches the automation
+    // failure.
+    static bool isMenuLoaded(const MxtString& groupName);
+    // Loads each menu file whose group (its name upper-cased, compared exactly) is not loaded; a
+    // file the host does not load is passed over. Always true. Catches the automation failure.
+    static bool loadMenus(const MxtArray<MxtString>& menuFiles);
+    // Unloads the loaded group of each path (letter case ignored). True on completion; a path
+    // named twice makes the host refuse the second unload, which gives false with the first
+    // unload kept. Catches the automation failure.
+    static bool unloadMenus(const MxtArray<MxtString>& menuFiles);
+
+    // Adds the items to the first menu of the group (as given, even if present) and puts it on the
+    // menu bar at `position` unless its on-menu-bar flag is exactly true. Nothing for an unknown
+    // group. Raises _com_error.
+    static void addMenuToMenuBar(const MxtString& groupName, const MxtArray<ZORBMenuItem>& items, long position);
+    // Takes the group's first menu off the menu bar when its flag has any bit set. Raises _com_error.
+    static void removeMenuFromMenuBar(const MxtString& groupName);
+    // The number of menus on the menu bar; 0 without a host. Raises _com_error.
+    static long getNumberOfMenusOnMenuBar();
+    // Whether `text`, as given, occurs in the upper-cased tag of a menu on the menu bar (so
+    // lower-case text never does; empty text does as soon as there is a menu). Raises _com_error.
+    static bool isMenuLoadedOnMenuBar(const MxtString& text);
+
+    // Adds a menu named `menuName` to the first loaded group, copies the first menu of each named
+    // group into it as a submenu (taking a copied menu off the menu bar), and puts it on the menu
+    // bar at `position`. Catches everything: what was done before a failure stays.
+    static void combineMenusOnMenuBar(const MxtString& menuName, const MxtArray<MxtString>& groupNames,
+                                      long position);
+
+    // Adds the entries whose macro (letter case ignored) the object-snap cursor menu of the "MX"
+    // group lacks, as a block before its last `positionFromEnd` items, led by a separator when all
+    // entries are new. `macros` holds at least as many elements as `labels`. True also for no
+    // labels; false when there is no snap menu or the host gives no item back. Raises _com_error.
+    static bool addMenuItemsToSnapMenu(const MxtArray<MxtString>& labels, const MxtArray<MxtString>& macros,
+                                       long positionFromEnd);
+    // When the labels (letter case ignored) stand as a block before the last `positionFromEnd`
+    // items, deletes as many items starting one before the block: after an addition with its
+    // separator, the separator and all entries but the last. True also when the block is not
+    // found; false when there is no snap menu. Raises _com_error.
+    static bool removeMenuItemsFromSnapMenu(const MxtArray<MxtString>& labels, long positionFromEnd);
 };

@@ -1,7 +1,7 @@
 // The host's automation root for MX code that drives automation itself.
 #include "ZORBAppUtilities.h"
 
-#include "bridge/automation_failure.h"
+#include "bridge/failure_policies.h"
 #include "bridge/host_access.h"
 #include "framework/cmd_target.h"
 #include "host/sdk.h"

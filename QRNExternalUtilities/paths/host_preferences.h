@@ -1,7 +1,7 @@
 // The path operations' access to the host's file-location preferences.
 #pragma once
 
-#include "bridge/automation_failure.h"
+#include "bridge/failure_policies.h"
 #include "bridge/host_access.h"
 
 #include <utility>

@@ -91,6 +91,23 @@ std::vector<std::string> Journal::methods() const
     return methods;
 }
 
+std::vector<std::string> Journal::typedMethods() const
+{
+    std::vector<std::string> methods;
+    methods.reserve(m_entries.size());
+    for (const JournalEntry& entry : m_entries)
+        methods.push_back(typedMethodOf(entry));
+    return methods;
+}
+
+std::string typedMethodOf(const JournalEntry& entry)
+{
+    std::string typed = entry.method + "(";
+    for (size_t i = 0; i < entry.arguments.size(); ++i)
+        typed += (i == 0 ? "" : ", ") + variantTypeName(entry.arguments[i].type);
+    return typed + ")";
+}
+
 std::string variantTypeName(VARTYPE type)
 {
     std::string name;

@@ -26,15 +26,6 @@ bool givesNoResult(const std::string& method) { return method == "sdk.zbHeapFree
 // the SDK functions, the host services and the framework report it by their result.
 bool isAutomationCall(const std::string& method) { return method.rfind("Host", 0) == 0; }
 
-// "HostMenuGroups.Item(VT_I4)": the method with the variant types of its arguments.
-std::string signatureOf(const sim::JournalEntry& entry)
-{
-    std::string signature = entry.method + "(";
-    for (size_t i = 0; i < entry.arguments.size(); ++i)
-        signature += (i == 0 ? "" : ", ") + sim::variantTypeName(entry.arguments[i].type);
-    return signature + ")";
-}
-
 // The calls in the form the expectation gives each: with argument types where it names them.
 std::vector<std::string> callsAsExpected(const std::vector<sim::JournalEntry>& entries,
                                          const std::vector<std::string>& expected)
@@ -42,7 +33,7 @@ std::vector<std::string> callsAsExpected(const std::vector<sim::JournalEntry>& e
     std::vector<std::string> calls;
     for (size_t i = 0; i < entries.size(); ++i) {
         const bool withTypes = i < expected.size() && expected[i].find('(') != std::string::npos;
-        calls.push_back(withTypes ? signatureOf(entries[i]) : entries[i].method);
+        calls.push_back(withTypes ? sim::typedMethodOf(entries[i]) : entries[i].method);
     }
     return calls;
 }

@@ -28,6 +28,8 @@ protected:
 
     // The host methods called since the journal was last cleared, in order.
     std::vector<std::string> hostCalls() const { return m_host->journal().methods(); }
+    // The same with the variant types of their arguments: "HostMenuGroups.Item(VT_I4)".
+    std::vector<std::string> typedHostCalls() const { return m_host->journal().typedMethods(); }
 
     void TearDown() override;
 

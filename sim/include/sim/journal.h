@@ -36,6 +36,8 @@ public:
 
     // The methods called, in order ("HostMenuGroups.Item", ...): the handiest form for tests.
     std::vector<std::string> methods() const;
+    // The same with the variant types the arguments crossed as ("HostMenuGroups.Item(VT_I4)").
+    std::vector<std::string> typedMethods() const;
 
     // Called with each entry as it is recorded, after the call took effect: a test that follows
     // the host's state call by call installs one. An empty function removes it.
@@ -49,6 +51,8 @@ private:
 
 // One readable line: HostMenuGroups.Item(VT_I4 0) on HostMenuGroups -> S_OK
 SIM_API std::string formatJournalLine(const JournalEntry& entry);
+// The method with its arguments' variant types: HostMenuGroups.Item(VT_I4)
+SIM_API std::string typedMethodOf(const JournalEntry& entry);
 SIM_API std::string variantTypeName(VARTYPE type);  // "VT_I4", "VT_ARRAY|VT_BSTR", ...
 SIM_API std::string statusName(HRESULT status);     // "S_OK", "E_FAIL", else "0x80040205"
 

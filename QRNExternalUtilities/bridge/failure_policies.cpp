@@ -1,4 +1,4 @@
-#include "bridge/automation_failure.h"
+#include "bridge/failure_policies.h"
 
 namespace external_utilities {
 

@@ -1,0 +1,138 @@
+// The MX menus on the host's menu bar: adding with items, removing, counting and finding by tag.
+#include "ZORBAppUtilities.h"
+
+#include "menu_host.h"
+
+#include "support/automation_failure.h"
+
+#include <gmock/gmock.h>
+
+using namespace module_testing;
+using ::testing::ElementsAre;
+
+namespace {
+
+class MenuBar : public MenuTest {
+protected:
+    MenuBar()
+    {
+        mx = loadGroup(kMXMenuFile);
+        firstMenu = mx->menus[0];
+    }
+
+    static MxtArray<ZORBAppUtilities::ZORBMenuItem> items(
+        std::initializer_list<ZORBAppUtilities::ZORBMenuItem> list)
+    {
+        MxtArray<ZORBAppUtilities::ZORBMenuItem> array;
+        for (const auto& item : list)
+            array.add(item);
+        return array;
+    }
+
+    std::shared_ptr<sim::MenuGroup> mx;
+    std::shared_ptr<sim::PopupMenu> firstMenu;
+};
+
+}  // namespace
+
+TEST_F(MenuBar, AddingPutsTheGroupsFirstMenuWithItsNewItemsOnTheBarAtThePosition)
+{
+    const size_t before = state().menuBar.size();
+    ZORBAppUtilities::addMenuToMenuBar(MxtString(L"mx"),
+                                       items({{0, L"&Beam Tools", L"^C^C_MXBT"}, {2, L"&Grid", L"^C^C_MXGRID"}}), 1);
+    ASSERT_EQ(state().menuBar.size(), before + 1);
+    EXPECT_EQ(state().menuBar[1], firstMenu);
+    EXPECT_EQ(firstMenu->items[0]->label, L"&Beam Tools");
+    EXPECT_EQ(firstMenu->items[2]->macro, L"^C^C_MXGRID");
+    EXPECT_TRUE(firstMenu->items[2]->enabled);
+    const std::vector<std::string> calls = typedHostCalls();
+    EXPECT_THAT(std::vector<std::string>(calls.end() - 6, calls.end()),
+                ElementsAre("HostPopupMenu.AddMenuItem(VT_I4, VT_BSTR, VT_BSTR)", "HostPopupMenuItem.put_Enabled(VT_BOOL)",
+                            "HostPopupMenu.AddMenuItem(VT_I4, VT_BSTR, VT_BSTR)", "HostPopupMenuItem.put_Enabled(VT_BOOL)",
+                            "HostPopupMenu.get_OnMenuBar()", "HostPopupMenu.InsertInMenuBar(VT_I4)"));
+}
+
+TEST_F(MenuBar, AddingAgainAddsTheItemsAgainButDoesNotInsertTheMenuTwice)
+{
+    const auto once = items({{0, L"&Grid", L"^C^C_MXGRID"}});
+    ZORBAppUtilities::addMenuToMenuBar(MxtString(L"MX"), once, 0);
+    ZORBAppUtilities::addMenuToMenuBar(MxtString(L"MX"), once, 0);
+    EXPECT_EQ(firstMenu->items[0]->label, L"&Grid");
+    EXPECT_EQ(firstMenu->items[1]->label, L"&Grid");
+    EXPECT_EQ(std::count(state().menuBar.begin(), state().menuBar.end(), firstMenu), 1);
+}
+
+TEST_F(MenuBar, AnItemTheHostRefusesIsLeftOutAndTheOthersAreAdded)
+{
+    arm(failingCall("HostPopupMenu.AddMenuItem", 1));
+    const size_t count = firstMenu->items.size();
+    ZORBAppUtilities::addMenuToMenuBar(MxtString(L"MX"),
+                                       items({{0, L"&One", L"_one"}, {99, L"&Beyond", L"_far"}, {0, L"&Two", L"_two"}}), 0);
+    ASSERT_EQ(firstMenu->items.size(), count + 1);
+    EXPECT_EQ(firstMenu->items[0]->label, L"&Two");
+    EXPECT_EQ(state().menuBar[0], firstMenu);
+}
+
+TEST_F(MenuBar, UnknownGroupsAndGroupsWithoutMenusChangeNothingAndRaiseNothing)
+{
+    mx->menus.clear();
+    const sim::HostState before = sim::clone(state());
+    ZORBAppUtilities::addMenuToMenuBar(MxtString(L"NOPE"), items({{0, L"&A", L"_a"}}), 0);
+    ZORBAppUtilities::addMenuToMenuBar(MxtString(L"MX"), items({{0, L"&A", L"_a"}}), 0);
+    ZORBAppUtilities::removeMenuFromMenuBar(MxtString(L"MX"));
+    EXPECT_TRUE(state() == before);
+}
+
+// Adding inserts unless the flag is exactly all bits set; removing removes when any bit is set.
+// A flag of 1 makes both act, and the host refuses both: the failure reaches the caller.
+TEST_F(MenuBar, TheTwoFlagTestsDifferAndTheHostsRefusalReachesTheCaller)
+{
+    state().menuBar.push_back(firstMenu);
+    arm(answering("HostPopupMenu.get_OnMenuBar", rawNumber(1)));
+    EXPECT_EQ(failureOf([] { ZORBAppUtilities::addMenuToMenuBar(MxtString(L"MX"), {}, 0); }).Error(), E_FAIL);
+    EXPECT_EQ(host().journal().entries().back().method, "HostPopupMenu.InsertInMenuBar");
+
+    state().menuBar.pop_back();
+    EXPECT_EQ(failureOf([] { ZORBAppUtilities::removeMenuFromMenuBar(MxtString(L"MX")); }).Error(), E_FAIL);
+    EXPECT_EQ(host().journal().entries().back().method, "HostPopupMenu.RemoveFromMenuBar");
+
+    host().clearFaults();
+    host().journal().clear();
+    ZORBAppUtilities::removeMenuFromMenuBar(MxtString(L"MX"));
+    EXPECT_EQ(hostCalls().back(), "HostPopupMenu.get_OnMenuBar");
+}
+
+TEST_F(MenuBar, RemovingTakesTheMenuOffTheBar)
+{
+    state().menuBar.push_back(firstMenu);
+    ZORBAppUtilities::removeMenuFromMenuBar(MxtString(L"Mx"));
+    EXPECT_EQ(std::count(state().menuBar.begin(), state().menuBar.end(), firstMenu), 0);
+}
+
+TEST_F(MenuBar, MenusAreCountedAndFoundByTheirUpperCasedTag)
+{
+    const long count = static_cast<long>(state().menuBar.size());
+    EXPECT_EQ(ZORBAppUtilities::getNumberOfMenusOnMenuBar(), count);
+    state().menuBar.push_back(mx->menus[1]);  // tagged PM_MX_MAIN
+    EXPECT_EQ(ZORBAppUtilities::getNumberOfMenusOnMenuBar(), count + 1);
+    EXPECT_TRUE(ZORBAppUtilities::isMenuLoadedOnMenuBar(MxtString(L"MX_MAIN")));
+    EXPECT_FALSE(ZORBAppUtilities::isMenuLoadedOnMenuBar(MxtString(L"mx_main")));
+    EXPECT_FALSE(ZORBAppUtilities::isMenuLoadedOnMenuBar(MxtString(L"M&X")));  // a name, not a tag
+    EXPECT_TRUE(ZORBAppUtilities::isMenuLoadedOnMenuBar(MxtString(L"")));
+
+    mx->menus[1]->tag = L"pm_mx_main";
+    EXPECT_TRUE(ZORBAppUtilities::isMenuLoadedOnMenuBar(MxtString(L"PM_MX")));
+    state().menuBar.clear();
+    EXPECT_FALSE(ZORBAppUtilities::isMenuLoadedOnMenuBar(MxtString(L"")));
+}
+
+TEST_F(MenuBar, WithoutAHostThereAreNoMenusAndFailuresReachTheCaller)
+{
+    arm(faultOfKind(sim::FaultKind::noDispatch));
+    EXPECT_EQ(ZORBAppUtilities::getNumberOfMenusOnMenuBar(), 0);
+    EXPECT_FALSE(ZORBAppUtilities::isMenuLoadedOnMenuBar(MxtString(L"")));
+    host().clearFaults();
+    arm(failingCall("HostPopupMenu.get_TagString", 2, DISP_E_EXCEPTION));
+    EXPECT_EQ(failureOf([] { ZORBAppUtilities::isMenuLoadedOnMenuBar(MxtString(L"NOPE")); }).Error(),
+              DISP_E_EXCEPTION);
+}

@@ -1,0 +1,102 @@
+// Whether a menu group is loaded, loading menu files and unloading their groups.
+#include "ZORBAppUtilities.h"
+
+#include "menu_host.h"
+
+#include <gmock/gmock.h>
+
+using namespace module_testing;
+using ::testing::ElementsAre;
+
+namespace {
+
+class MenuGroups : public MenuTest {};
+
+std::vector<std::wstring> loadedNames(const sim::HostState& state)
+{
+    std::vector<std::wstring> names;
+    for (const auto& group : state.menuGroups)
+        names.push_back(group->name);
+    return names;
+}
+
+}  // namespace
+
+TEST_F(MenuGroups, ALoadedGroupIsFoundByItsExactNameOnly)
+{
+    loadGroup(kMXMenuFile);
+    EXPECT_TRUE(ZORBAppUtilities::isMenuLoaded(MxtString(L"MX")));
+    EXPECT_FALSE(ZORBAppUtilities::isMenuLoaded(MxtString(L"mx")));
+    EXPECT_FALSE(ZORBAppUtilities::isMenuLoaded(MxtString(L"MX ")));
+    EXPECT_FALSE(ZORBAppUtilities::isMenuLoaded(MxtString(L"MXTOOLS")));
+    // Every group is copied before the names are read, and the walk stops at the first match.
+    host().journal().clear();
+    ZORBAppUtilities::isMenuLoaded(MxtString(L"ZORB"));
+    EXPECT_THAT(typedHostCalls(),
+                ElementsAre("sdk.zbedGetZorbWinApp()", "CWinApp.GetIDispatch()", "HostApplication.get_MenuGroups()",
+                            "HostMenuGroups.get_Count()", "HostMenuGroups.Item(VT_I4)", "HostMenuGroups.Item(VT_I4)",
+                            "HostMenuGroup.get_Name()"));
+}
+
+TEST_F(MenuGroups, APositionTheHostRefusesIsSkippedAndANullNameIsEmpty)
+{
+    loadGroup(kMXMenuFile);
+    arm(failingCall("HostMenuGroups.Item", 1));
+    EXPECT_FALSE(ZORBAppUtilities::isMenuLoaded(MxtString(L"ZORB")));
+    EXPECT_TRUE(ZORBAppUtilities::isMenuLoaded(MxtString(L"MX")));
+    host().clearFaults();
+    arm(answering("HostMenuGroup.get_Name", nullAnswer()));
+    EXPECT_TRUE(ZORBAppUtilities::isMenuLoaded(MxtString(L"")));
+}
+
+TEST_F(MenuGroups, WithoutAHostOrItsGroupsNothingIsLoadedAndLoadingStillAnswersTrue)
+{
+    arm(failingCall("HostApplication.get_MenuGroups"));
+    EXPECT_FALSE(ZORBAppUtilities::isMenuLoaded(MxtString(L"ZORB")));
+    EXPECT_TRUE(ZORBAppUtilities::loadMenus(mxtStrings({kMXMenuFile})));
+    EXPECT_FALSE(ZORBAppUtilities::unloadMenus(mxtStrings({L"ZORB"})));
+    host().clearFaults();
+    arm(faultOfKind(sim::FaultKind::noFrameworkObject));
+    EXPECT_TRUE(ZORBAppUtilities::loadMenus(mxtStrings({kMXMenuFile})));
+    EXPECT_THAT(loadedNames(state()), ElementsAre(L"ZORB"));
+}
+
+TEST_F(MenuGroups, LoadingLoadsEachFileWhoseGroupIsNotLoadedAndPassesOverFailures)
+{
+    loadGroup(kMXToolsMenuFile);
+    EXPECT_TRUE(ZORBAppUtilities::loadMenus(mxtStrings({L"C:\\nowhere\\NOPE", kMXToolsMenuFile, kMXMenuFile})));
+    EXPECT_THAT(loadedNames(state()), ElementsAre(L"ZORB", L"MXTOOLS", L"MX"));
+    // The whole path goes to the host with an empty base-menu argument.
+    const std::vector<std::string> calls = typedHostCalls();
+    EXPECT_EQ(std::count(calls.begin(), calls.end(), "HostMenuGroups.LoadMenuFile(VT_BSTR, VT_EMPTY)"), 2);
+    EXPECT_EQ(host().journal().entries().back().arguments[0].value, "C:\\Program Files\\MX\\Support\\MX");
+    EXPECT_TRUE(ZORBAppUtilities::loadMenus(MxtArray<MxtString>()));
+}
+
+TEST_F(MenuGroups, AGroupTheHostNamesInLowerCaseIsLoadedAgainOnEveryCall)
+{
+    state().menuFiles[L"D:\\Menus\\tools"] = std::make_shared<sim::MenuGroup>(sim::MenuGroup{L"tools", {}, {}});
+    ZORBAppUtilities::loadMenus(mxtStrings({L"D:\\Menus\\tools"}));
+    host().journal().clear();
+    // Asked for "TOOLS" exactly, the loaded "tools" is not found; the host then refuses the load.
+    EXPECT_TRUE(ZORBAppUtilities::loadMenus(mxtStrings({L"D:\\Menus\\tools"})));
+    EXPECT_EQ(host().journal().entries().back().method, "HostMenuGroups.LoadMenuFile");
+    EXPECT_EQ(host().journal().entries().back().status, E_FAIL);
+    EXPECT_THAT(loadedNames(state()), ElementsAre(L"ZORB", L"tools"));
+}
+
+TEST_F(MenuGroups, UnloadingFindsGroupsWithoutRegardToCaseAndAPathNamedTwiceEndsFalse)
+{
+    loadGroup(kMXMenuFile);
+    loadGroup(kMXToolsMenuFile);
+    EXPECT_TRUE(ZORBAppUtilities::unloadMenus(mxtStrings({L"NOTLOADED", L"C:\\Menus\\mxtools"})));
+    EXPECT_THAT(loadedNames(state()), ElementsAre(L"ZORB", L"MX"));
+    EXPECT_TRUE(ZORBAppUtilities::unloadMenus(MxtArray<MxtString>()));
+
+    // The groups are copied before unloading: the second path reaches the unloaded group again.
+    EXPECT_FALSE(ZORBAppUtilities::unloadMenus(mxtStrings({L"C:\\Menus\\MX", L"D:\\Other\\mx"})));
+    EXPECT_THAT(loadedNames(state()), ElementsAre(L"ZORB"));
+    // The unloaded group fails whatever it is asked, and the operation ends there.
+    EXPECT_EQ(host().journal().entries().back().object, "HostMenuGroup 'MX'");
+    EXPECT_EQ(host().journal().entries().back().status, E_FAIL);
+}

@@ -1,0 +1,142 @@
+// The MX entries of the object-snap cursor menu: where the block goes, what counts as present, and
+// the removal that deliberately leaves the block's last entry.
+#include "ZORBAppUtilities.h"
+
+#include "menu_host.h"
+
+#include "support/automation_failure.h"
+
+#include <gmock/gmock.h>
+
+using namespace module_testing;
+using ::testing::ElementsAre;
+
+namespace {
+
+class SnapMenu : public MenuTest {
+protected:
+    SnapMenu() : mx(loadGroup(kMXMenuFile)), snap(mx->menus[0]) {}
+
+    std::vector<std::wstring> entries() { return entriesOf(*snap); }
+
+    std::shared_ptr<sim::MenuGroup> mx;
+    std::shared_ptr<sim::PopupMenu> snap;  // "MX Object Snap", tagged PM_0001, 10 items
+};
+
+const MxtArray<MxtString> kLabels = mxtStrings({L"MX &Beam Axis", L"MX &Plate Corner", L"MX &Hole"});
+const MxtArray<MxtString> kMacros = mxtStrings({L"_MXAXIS", L"_MXCORNER", L"_MXHOLE"});
+
+}  // namespace
+
+TEST_F(SnapMenu, ABlockOfNewEntriesGoesBeforeTheLastItemsLedByASeparator)
+{
+    EXPECT_TRUE(ZORBAppUtilities::addMenuItemsToSnapMenu(kLabels, kMacros, 2));
+    EXPECT_THAT(entries(), ElementsAre(L"&Endpoint", L"&Midpoint", L"&Intersection", L"---", L"&Center",
+                                       L"&Perpendicular", L"Nea&rest", L"---", L"---", L"MX &Beam Axis",
+                                       L"MX &Plate Corner", L"MX &Hole", L"&None", L"&Osnap Settings..."));
+    EXPECT_EQ(snap->items[10]->macro, L"_MXCORNER");
+    const std::vector<std::string> calls = typedHostCalls();
+    EXPECT_THAT(std::vector<std::string>(calls.end() - 4, calls.end()),
+                ElementsAre("HostPopupMenu.AddSeparator(VT_I4)", "HostPopupMenu.AddMenuItem(VT_I4, VT_BSTR, VT_BSTR)",
+                            "HostPopupMenu.AddMenuItem(VT_I4, VT_BSTR, VT_BSTR)",
+                            "HostPopupMenu.AddMenuItem(VT_I4, VT_BSTR, VT_BSTR)"));
+    EXPECT_EQ(host().journal().entries()[calls.size() - 4].arguments[0].value, "8");
+
+    // Present entries are recognised by their macro, in any letter case.
+    EXPECT_TRUE(ZORBAppUtilities::addMenuItemsToSnapMenu(kLabels, kMacros, 2));
+    EXPECT_EQ(snap->items.size(), 14u);
+}
+
+TEST_F(SnapMenu, WhenSomeEntriesArePresentOnlyTheOthersAreAddedWithoutASeparator)
+{
+    EXPECT_TRUE(ZORBAppUtilities::addMenuItemsToSnapMenu(mxtStrings({L"Axis", L"End", L"Hole"}),
+                                                         mxtStrings({L"_MXAXIS", L"_ENDP", L"_MXHOLE"}), 0));
+    const std::vector<std::wstring> after = entries();
+    EXPECT_THAT(std::vector<std::wstring>(after.end() - 3, after.end()),
+                ElementsAre(L"&Osnap Settings...", L"Axis", L"Hole"));
+}
+
+TEST_F(SnapMenu, AnEmptyMacroIsPresentAsSoonAsAnItemHasNoMacro)
+{
+    arm(answering("HostPopupMenuItem.get_Macro", nullAnswer(), 3));
+    EXPECT_TRUE(ZORBAppUtilities::addMenuItemsToSnapMenu(mxtStrings({L"Nothing"}), mxtStrings({L""}), 0));
+    EXPECT_EQ(snap->items.size(), 10u);
+}
+
+TEST_F(SnapMenu, RemovingChecksTheBlockByLabelAndDeletesFromOneBeforeIt)
+{
+    ZORBAppUtilities::addMenuItemsToSnapMenu(kLabels, kMacros, 2);
+    host().journal().clear();
+    EXPECT_TRUE(ZORBAppUtilities::removeMenuItemsFromSnapMenu(mxtStrings({L"mx &beam axis", L"MX &PLATE CORNER",
+                                                                          L"MX &Hole"}),
+                                                              2));
+    // The separator and the first two entries went; the last entry of the block stays.
+    const std::vector<std::wstring> after = entries();
+    EXPECT_THAT(std::vector<std::wstring>(after.begin() + 7, after.end()),
+                ElementsAre(L"---", L"MX &Hole", L"&None", L"&Osnap Settings..."));
+    const std::vector<sim::JournalEntry>& calls = host().journal().entries();
+    std::vector<std::string> deletedAt;
+    for (size_t i = 1; i < calls.size(); ++i)
+        if (calls[i].method == "HostPopupMenuItem.Delete")
+            deletedAt.push_back(calls[i - 1].arguments[0].value);
+    EXPECT_THAT(deletedAt, ElementsAre("8", "8", "8"));
+}
+
+TEST_F(SnapMenu, ABlockThatIsNotThereIsLeftAloneAndTheAnswerIsStillTrue)
+{
+    ZORBAppUtilities::addMenuItemsToSnapMenu(kLabels, kMacros, 2);
+    EXPECT_TRUE(ZORBAppUtilities::removeMenuItemsFromSnapMenu(
+        mxtStrings({L"MX &Beam Axis", L"Something else", L"MX &Hole"}), 2));
+    EXPECT_EQ(snap->items.size(), 14u);
+}
+
+TEST_F(SnapMenu, NoLabelsTouchNoHostObjectAndNoMXGroupGivesFalse)
+{
+    state().menuGroups.pop_back();
+    host().journal().clear();
+    EXPECT_TRUE(ZORBAppUtilities::addMenuItemsToSnapMenu(MxtArray<MxtString>(), MxtArray<MxtString>(), 0));
+    EXPECT_TRUE(ZORBAppUtilities::removeMenuItemsFromSnapMenu(MxtArray<MxtString>(), 0));
+    EXPECT_TRUE(hostCalls().empty());
+    EXPECT_FALSE(ZORBAppUtilities::addMenuItemsToSnapMenu(kLabels, kMacros, 0));
+    EXPECT_FALSE(ZORBAppUtilities::removeMenuItemsFromSnapMenu(kLabels, 0));
+}
+
+TEST_F(SnapMenu, TheSnapMenuIsTheFirstUntaggedOrPM0001MenuOfTheMXGroupInAnyCase)
+{
+    mx->name = L"mx";
+    std::swap(mx->menus[0], mx->menus[1]);  // PM_MX_MAIN now comes first
+    snap->tag = L"pm_0001";
+    const auto addOne = [] {
+        return ZORBAppUtilities::addMenuItemsToSnapMenu(mxtStrings({L"X"}), mxtStrings({L"_X"}), 0);
+    };
+    EXPECT_TRUE(addOne());
+    EXPECT_EQ(snap->items.back()->label, L"X");
+
+    // An untagged menu before it wins.
+    mx->menus[0]->tag = L"";
+    EXPECT_TRUE(addOne());
+    EXPECT_EQ(mx->menus[0]->items.back()->label, L"X");
+
+    // With no menu tagged so, the group's last menu is taken.
+    mx->menus[0]->tag = L"OTHER";
+    snap->tag = L"OTHER";
+    EXPECT_TRUE(addOne());
+    EXPECT_EQ(mx->menus.back()->items.back()->label, L"X");
+}
+
+TEST_F(SnapMenu, FailuresOutsideTheLookupReachTheCallerWithWhatWasAddedKept)
+{
+    arm(failingCall("HostPopupMenu.AddMenuItem", 2));
+    EXPECT_EQ(failureOf([] { ZORBAppUtilities::addMenuItemsToSnapMenu(kLabels, kMacros, 0); }).Error(),
+              kInjectedStatus);
+    const std::vector<std::wstring> after = entries();
+    EXPECT_THAT(std::vector<std::wstring>(after.end() - 2, after.end()), ElementsAre(L"---", L"MX &Beam Axis"));
+
+    // A position before the menu's start is the host's to refuse.
+    host().clearFaults();
+    EXPECT_EQ(failureOf([] { ZORBAppUtilities::removeMenuItemsFromSnapMenu(kLabels, 10); }).Error(), DISP_E_BADINDEX);
+
+    // A null item while looking for present macros is a failure too.
+    arm(withheldObject("HostPopupMenu.Item", 1));
+    EXPECT_EQ(failureOf([] { ZORBAppUtilities::addMenuItemsToSnapMenu(kLabels, kMacros, 0); }).Error(), E_POINTER);
+}
