@@ -7,14 +7,20 @@ namespace module_testing {
 const wchar_t* const kMXMenuFile = L"C:\\Program Files\\MX\\Support\\MX";
 const wchar_t* const kMXToolsMenuFile = L"C:\\Program Files\\MX\\Support\\MXTOOLS";
 
-std::shared_ptr<sim::MenuGroup> MenuTest::loadGroup(const wchar_t* menuFile)
+std::shared_ptr<sim::MenuGroup> loadGroupInto(sim::HostState& state, const wchar_t* menuFile)
 {
     // A state holding only the file's group is cloned, so that the loaded group shares no node
     // with the file's.
     sim::HostState holder;
-    holder.menuGroups = {state().menuFiles.at(menuFile)};
+    holder.menuGroups = {state.menuFiles.at(menuFile)};
     const auto group = sim::clone(holder).menuGroups.front();
-    state().menuGroups.push_back(group);
+    state.menuGroups.push_back(group);
+    return group;
+}
+
+std::shared_ptr<sim::MenuGroup> MenuTest::loadGroup(const wchar_t* menuFile)
+{
+    const auto group = loadGroupInto(state(), menuFile);
     host().journal().clear();
     return group;
 }

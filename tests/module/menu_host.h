@@ -14,6 +14,9 @@ namespace module_testing {
 extern const wchar_t* const kMXMenuFile;       // defines the group "MX"
 extern const wchar_t* const kMXToolsMenuFile;  // defines the group "MXTOOLS"
 
+// Loads the group a menu file of `state` defines, as the host would; gives the loaded group.
+std::shared_ptr<sim::MenuGroup> loadGroupInto(sim::HostState& state, const wchar_t* menuFile);
+
 class MenuTest : public ModuleTest {
 protected:
     // Loads the group a menu file defines into the host as it stands, and clears the journal, so

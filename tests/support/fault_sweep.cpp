@@ -152,7 +152,8 @@ public:
             site.onHost = false;
             site.failedAllocation = nth;
             site.expectedCode = E_OUTOFMEMORY;
-            site.mustRaise = true;
+            // An operation whose helpers catch may have met the failure inside one of them.
+            site.mustRaise = m_operation.caughtInside.empty();
             ++report.faultSites;
             if (!runWithFault(site))
                 break;
@@ -210,7 +211,7 @@ private:
             }
             else {
                 failed.expectedCode = kInjectedStatus;
-                failed.mustRaise = isAutomationCall(entry.method);
+                failed.mustRaise = isAutomationCall(entry.method) && !isCaughtInside(entry.method);
             }
             sites.push_back(failed);
 
@@ -266,7 +267,8 @@ private:
 #endif
         host.clearFaults();
         checkOutcome(site, reached, outcome, host);
-        checkHostState(site, reached, host.state());
+        if (!isListed(m_operation.skippedWhenFailing, site.fault.method))
+            checkHostState(site, reached, host.state());
         leftovers.expectNone(host);
         return reached;
     }
@@ -283,10 +285,21 @@ private:
                 m_operation.expectSuccess(host);
             return;
         }
+        if (isListed(m_operation.skippedWhenFailing, site.fault.method)) {
+            if (m_operation.handling != FailureHandling::propagated)
+                expectNoExceptionEscaped(outcome);
+            return;
+        }
         if (m_operation.handling == FailureHandling::caught) {
             expectNoExceptionEscaped(outcome);
             if (!outcome.raised)
                 expectFailure(host);
+            return;
+        }
+        if (m_operation.handling == FailureHandling::swallowed) {
+            expectNoExceptionEscaped(outcome);
+            if (m_operation.expectFailure)
+                m_operation.expectFailure(host);
             return;
         }
         if (outcome.raised) {
@@ -294,7 +307,15 @@ private:
             return;
         }
         EXPECT_FALSE(site.mustRaise) << "the failure did not reach the caller";
-        expectFailure(host);
+        if (m_operation.expectFailure)
+            m_operation.expectFailure(host);
+    }
+
+    bool isCaughtInside(const std::string& method) const { return isListed(m_operation.caughtInside, method); }
+
+    static bool isListed(const std::vector<std::string>& methods, const std::string& method)
+    {
+        return std::find(methods.begin(), methods.end(), method) != methods.end();
     }
 
     // The host after a failed run: as the undisturbed run left it just before the failing call (any
@@ -303,6 +324,10 @@ private:
     {
         if (!reached) {
             expectSameHost(m_history.back(), after, "the undisturbed run's host");
+            return;
+        }
+        if (m_operation.afterFailure == AfterFailure::goesOn) {
+            expectChangesWithinTheUndisturbedOnes(after);
             return;
         }
         std::vector<size_t> moments;
@@ -317,6 +342,33 @@ private:
         expectSameHost(allowedAt(moments.front()), after,
                        site.strikesBeforeCall ? "the host as it stood before the failing call"
                                               : "the host at any moment of the undisturbed run");
+    }
+
+    // An operation that goes on after a failure may leave the host anywhere between its start and
+    // the undisturbed run's end, but may touch nothing the undisturbed run left alone: each place
+    // the failed run changed lies in a collection or object the undisturbed run changed.
+    void expectChangesWithinTheUndisturbedOnes(const sim::HostState& after) const
+    {
+        const nlohmann::json initial = sim::stateToJson(m_history.front());
+        const std::vector<std::string> allowed = changedPlaces(initial, sim::stateToJson(m_history.back()));
+        for (const std::string& place : changedPlaces(initial, sim::stateToJson(after))) {
+            const bool within = std::any_of(allowed.begin(), allowed.end(), [&](const std::string& undisturbed) {
+                return place.rfind(undisturbed, 0) == 0 || undisturbed.rfind(place, 0) == 0;
+            });
+            EXPECT_TRUE(within) << "the failed run changed " << place << ", which the undisturbed run left alone";
+        }
+    }
+
+    // The containers of the places where `to` differs from `from` (JSON pointers without their
+    // last step, so that an item added at another index of the same list counts as the same place).
+    static std::vector<std::string> changedPlaces(const nlohmann::json& from, const nlohmann::json& to)
+    {
+        std::vector<std::string> places;
+        for (const nlohmann::json& change : nlohmann::json::diff(from, to)) {
+            const std::string path = change.at("path").get<std::string>();
+            places.push_back(path.substr(0, path.rfind('/') + 1));
+        }
+        return places;
     }
 
     sim::HostState allowedAt(size_t moment) const

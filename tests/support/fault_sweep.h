@@ -27,11 +27,30 @@ namespace module_testing {
 enum class FailureHandling {
     caught,      // a failure shows only as the operation's failure value: nothing escapes
     propagated,  // the automation failure reaches the caller as _com_error with the failure's code
+    swallowed,   // every exception is caught: the operation returns normally whatever happens
+};
+
+// What an operation does after a failure it caught.
+enum class AfterFailure {
+    stopsThere,  // nothing more: the host stays as it stood before the failing call
+    goesOn,      // it goes on with its next step: the host may change only where the undisturbed run
+                 // changed it
 };
 
 struct SweptOperation {
     std::string name;
     FailureHandling handling = FailureHandling::caught;
+    AfterFailure afterFailure = AfterFailure::stopsThere;
+
+    // Host methods (journal form) whose failure a helper of a `propagated` operation catches, so
+    // that the operation may return normally after them (and after a string allocation failure).
+    std::vector<std::string> caughtInside;
+
+    // Host methods whose failure or withheld object the operation passes over (a position the host
+    // refuses or leaves empty is skipped): it then answers and acts as the host stands without that
+    // item, possibly on another one, which its own tests judge; the sweep checks only that nothing
+    // escaped or was left behind.
+    std::vector<std::string> skippedWhenFailing;
 
     // The host each run starts from (called once per run, so nodes are never shared between runs).
     // The sweep makes it strict about argument types.
@@ -52,8 +71,8 @@ struct SweptOperation {
     // A run that a fault reached and that returned normally: the failure value and outputs left as
     // the operation must leave them. Operations whose failure handling is `propagated` come here
     // only for failures the host reports without a status (an SDK function's result code, an
-    // object withheld that they do not go on to use); leave it empty for an operation that must
-    // raise on every failure.
+    // object withheld that they do not go on to use) or that a helper catches; leave it empty for
+    // an operation that must raise on every failure, or that has no result to check.
     std::function<void(const sim::Host&)> expectFailure;
 
     // What the operation puts back after a failure, applied to the host state it may leave: by
