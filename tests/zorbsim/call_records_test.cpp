@@ -1,11 +1,13 @@
-// What the runner and the reports show of the core library's records during each call: its
-// contract reports. No exported operation of the module trips a contract check from a scenario, so
-// stand-in operations make the calls.
+// What the runner and the reports show of the core library's records during each call: contract
+// reports and changes of the support path global. No exported operation of the module trips a
+// contract check from a scenario, and none can be made to keep the global's address or its text,
+// so stand-in operations make the calls; tests/zorbsim/support-paths.json runs the module's own.
 #include "report.h"
 #include "runner.h"
 
 #include "operation_binding.h"
 
+#include "MxtGlobalStorage"
 #include "sim/host.h"
 
 #include <gmock/gmock.h>
@@ -30,10 +32,36 @@ MxtString thirdFolder(const MxtArray<MxtString>& folders)
     return folders[2];
 }
 
+// The new string is made before the old one is deleted, so it never reuses the old address.
+void replaceSupportPaths(const MxtString& text)
+{
+    MxtString* replacement = new MxtString(text);
+    delete MxtGlobalStorage::g_pZorbSupportPaths;
+    MxtGlobalStorage::g_pZorbSupportPaths = replacement;
+}
+
+void appendToSupportPaths(const MxtString& tail)
+{
+    *MxtGlobalStorage::g_pZorbSupportPaths += tail;
+}
+
+void dropSupportPaths()
+{
+    delete MxtGlobalStorage::g_pZorbSupportPaths;
+    MxtGlobalStorage::g_pZorbSupportPaths = nullptr;
+}
+
 const Operation kThirdFolder = zorbsim::bindOperation("StandIn", "thirdFolder", &thirdFolder, "folders");
+const Operation kReplace =
+    zorbsim::bindOperation("StandIn", "replaceSupportPaths", &replaceSupportPaths, "text");
+const Operation kAppend =
+    zorbsim::bindOperation("StandIn", "appendToSupportPaths", &appendToSupportPaths, "tail");
+const Operation kDrop = zorbsim::bindOperation("StandIn", "dropSupportPaths", &dropSupportPaths);
 
 class CallRecords : public testing::Test {
 protected:
+    void SetUp() override { dropSupportPaths(); }
+
     void call(const Operation& operation, const json& arguments)
     {
         const zorbsim::InputPlace place("test");
@@ -67,6 +95,15 @@ private:
     zorbsim::Scenario m_scenario{"test", "", "built-in default host", {}, {}};
     zorbsim::RunResult m_run;
 };
+
+// What a step shows of the global: nothing, null, or its text in quotes.
+std::string shownSupportPaths(const zorbsim::StepResult& step)
+{
+    if (!step.supportPaths)
+        return "nothing";
+    const std::optional<std::string>& text = step.supportPaths->text;
+    return text ? "\"" + *text + "\"" : "null";
+}
 
 MATCHER(IsArrayReadReport, "")
 {
@@ -105,6 +142,40 @@ TEST_F(CallRecords, ReportsShowContractReportsOnlyUnderTheCallThatRaisedThem)
         {"condition", "isValid( index )"}, {"path", "Sources/Base/QRNRoots/Exp/MxtArray"}, {"line", 524}};
     EXPECT_EQ(steps[0].at("assertions"), json::array({report}));
     EXPECT_FALSE(steps[1].contains("assertions"));
+}
+
+TEST_F(CallRecords, SupportPathsShowWhenTheCallChangedThePointerOrItsText)
+{
+    call(kReplace, {{"text", "C:\\MX"}});
+    call(kReplace, {{"text", "C:\\MX"}});  // the same text at a new address
+    call(kAppend, {{"tail", ";D:\\Symbols"}});
+    call(kAppend, {{"tail", ""}});
+    call(kDrop, json());
+    call(kDrop, json());
+
+    std::vector<std::string> shown;
+    for (const zorbsim::StepResult& step : run().steps)
+        shown.push_back(shownSupportPaths(step));
+    EXPECT_THAT(shown, ElementsAre("\"C:\\MX\"", "\"C:\\MX\"", "\"C:\\MX;D:\\Symbols\"", "nothing", "null",
+                                   "nothing"));
+}
+
+TEST_F(CallRecords, ReportsShowTheSupportPathsTextOrNull)
+{
+    call(kReplace, {{"text", "C:\\MX"}});
+    call(kDrop, json());
+    call(kDrop, json());
+    run();
+
+    const std::string text = textReport();
+    EXPECT_THAT(text, HasSubstr("  -> done\n  MxtGlobalStorage::g_pZorbSupportPaths = \"C:\\MX\"\n\nstep 2"));
+    EXPECT_THAT(text, HasSubstr("  -> done\n  MxtGlobalStorage::g_pZorbSupportPaths = null\n\nstep 3"));
+    EXPECT_THAT(text.substr(text.find("step 3")), Not(HasSubstr("g_pZorbSupportPaths")));
+
+    const json steps = jsonSteps();
+    EXPECT_EQ(steps[0].at("zorbSupportPaths"), json("C:\\MX"));
+    EXPECT_EQ(steps[1].at("zorbSupportPaths"), json(nullptr));
+    EXPECT_FALSE(steps[2].contains("zorbSupportPaths"));
 }
 
 }  // namespace

@@ -50,6 +50,10 @@ void addCall(Json& report, const CallStep& call, const StepResult& result, bool 
                 {{"condition", assertion.condition}, {"path", assertion.path}, {"line", assertion.line}});
         report["assertions"] = std::move(assertions);
     }
+    if (result.supportPaths) {
+        const std::optional<std::string>& text = result.supportPaths->text;
+        report["zorbSupportPaths"] = text ? Json(*text) : Json(nullptr);
+    }
     if (trace) {
         Json calls = Json::array();
         for (const sim::JournalEntry& entry : result.hostCalls)

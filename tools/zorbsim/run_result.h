@@ -41,6 +41,7 @@ struct StepResult {
     std::vector<sim::JournalEntry> hostCalls;
     long referencesHeld = 0;  // host references still held after the call
     std::vector<MxtAssert::Report> assertionReports;  // raised during the call
+    std::optional<SupportPathsChange> supportPaths;   // when the call changed the global
     std::vector<ExpectationResult> expectations;
 
     bool escaped() const { return failure.has_value() || otherException.has_value(); }

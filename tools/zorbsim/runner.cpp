@@ -31,6 +31,7 @@ void runCall(sim::Host& host, const CallStep& call, StepResult& result)
     result.hostCalls = host.journal().entries();
     result.referencesHeld = host.referencesHeld();
     result.assertionReports = coreLibrary.assertionReports();
+    result.supportPaths = coreLibrary.supportPathsChange();
     result.expectations = checkCall(call.expect, result);
 }
 
