@@ -39,6 +39,18 @@ TEST_F(ArrayContract, NegativeLengthsAreReportedAndLeaveTheStorageAlone)
     EXPECT_EQ(storage[2], 7);
 }
 
+TEST_F(ArrayContract, FreeingAbsentStorageKeepsTheCountANegativeLengthLeft)
+{
+    MxtArray<int> numbers;
+    numbers.setLength(-3);
+    numbers.setPhysicalLength(0);
+
+    EXPECT_THAT(MxtAssert::reports(), ElementsAre(IsReport("len>=0", 604)));
+    EXPECT_EQ(numbers.getLength(), -3);
+    EXPECT_EQ(numbers.getPhysicalLength(), 0);
+    EXPECT_EQ(numbers.getData(), nullptr);
+}
+
 TEST_F(ArrayContract, AllocationThatReturnsNothingIsReportedBeforeTheBlockIsUsed)
 {
     // The array goes on with the null block as the core library's does, which ends the process;

@@ -43,6 +43,17 @@ void addCall(Json& report, const CallStep& call, const StepResult& result, bool 
     if (result.otherException)
         report["exception"] = *result.otherException;
     report["referencesHeld"] = result.referencesHeld;
+    if (!result.assertionReports.empty()) {
+        Json assertions = Json::array();
+        for (const MxtAssert::Report& assertion : result.assertionReports)
+            assertions.push_back(
+                {{"condition", assertion.condition}, {"path", assertion.path}, {"line", assertion.line}});
+        report["assertions"] = std::move(assertions);
+    }
+    if (result.supportPaths) {
+        const std::optional<std::string>& text = result.supportPaths->text;
+        report["zorbSupportPaths"] = text ? Json(*text) : Json(nullptr);
+    }
     if (trace) {
         Json calls = Json::array();
         for (const sim::JournalEntry& entry : result.hostCalls)

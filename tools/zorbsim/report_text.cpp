@@ -61,6 +61,17 @@ void printOutcome(std::ostream& out, const Operation& operation, const StepResul
         out << "  note: the host still counts " << result.referencesHeld << " reference(s) held after the call\n";
 }
 
+// Only what the call added: a step without reports or a changed global shows nothing here.
+void printCoreLibraryRecords(std::ostream& out, const StepResult& result)
+{
+    for (const MxtAssert::Report& report : result.assertionReports)
+        out << "  assertion: \"" << report.condition << "\" at " << report.path << ":" << report.line << "\n";
+    if (result.supportPaths) {
+        const std::optional<std::string>& text = result.supportPaths->text;
+        out << "  MxtGlobalStorage::g_pZorbSupportPaths = " << (text ? displayValue(*text) : "null") << "\n";
+    }
+}
+
 // A call's outcome stands above its expectations, so a passed one shows only its subject; the
 // host state has no such line, so there the value is shown too.
 void printExpectation(std::ostream& out, const ExpectationResult& expectation, bool showPassedValue)
@@ -134,6 +145,7 @@ void printTextReport(std::ostream& out, const Scenario& scenario, const RunResul
                 if constexpr (std::is_same_v<Action, CallStep>) {
                     out << "  " << callText(action) << "\n";
                     printOutcome(out, *action.operation, result);
+                    printCoreLibraryRecords(out, result);
                     printExpectations(out, result, false);
                     if (trace)
                         printHostCalls(out, result);

@@ -1,8 +1,10 @@
 // What running a scenario gave: per step the call's outcome or failure, the host calls it made,
-// and how each expectation came out; and the host state at the end.
+// what the core library recorded during it, and how each expectation came out; and the host state
+// at the end.
 #pragma once
 
 #include "automation_failure.h"
+#include "core_library_watch.h"
 #include "operation.h"
 #include "scenario.h"
 
@@ -38,6 +40,8 @@ struct StepResult {
     std::optional<std::string> otherException;  // anything but an automation failure escaped the module
     std::vector<sim::JournalEntry> hostCalls;
     long referencesHeld = 0;  // host references still held after the call
+    std::vector<MxtAssert::Report> assertionReports;  // raised during the call
+    std::optional<SupportPathsChange> supportPaths;   // when the call changed the global
     std::vector<ExpectationResult> expectations;
 
     bool escaped() const { return failure.has_value() || otherException.has_value(); }

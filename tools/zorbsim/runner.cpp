@@ -1,5 +1,6 @@
 #include "runner.h"
 
+#include "core_library_watch.h"
 #include "expectations.h"
 
 #include "sim/host.h"
@@ -14,6 +15,7 @@ namespace {
 void runCall(sim::Host& host, const CallStep& call, StepResult& result)
 {
     host.journal().clear();
+    const CoreLibraryWatch coreLibrary;
     try {
         result.outcome = call.bound.run();
     }
@@ -28,6 +30,8 @@ void runCall(sim::Host& host, const CallStep& call, StepResult& result)
     }
     result.hostCalls = host.journal().entries();
     result.referencesHeld = host.referencesHeld();
+    result.assertionReports = coreLibrary.assertionReports();
+    result.supportPaths = coreLibrary.supportPathsChange();
     result.expectations = checkCall(call.expect, result);
 }
 
