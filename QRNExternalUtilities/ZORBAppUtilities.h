@@ -89,7 +89,8 @@ public:
     // Adds the items to the first menu of the group (as given, even if present) and puts it on the
     // menu bar at `position` unless its on-menu-bar flag is exactly true. Nothing for an unknown
     // group. Raises _com_error.
-    static void addMenuToMenuBar(const MxtString& groupName, const MxtArray<ZORBMenuItem>& items, long position);
+    static void addMenuToMenuBar(const MxtString& groupName, const MxtArray<ZORBMenuItem>& items,
+                                 long position);
     // Takes the group's first menu off the menu bar when its flag has any bit set. Raises _com_error.
     static void removeMenuFromMenuBar(const MxtString& groupName);
     // The number of menus on the menu bar; 0 without a host. Raises _com_error.

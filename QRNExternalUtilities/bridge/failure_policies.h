@@ -15,8 +15,7 @@ void dropFailureMessage(const _com_error& failure);
 // Catches the automation failure, forming its message and dropping it. The body sets the
 // operation's result only as its last step, so a failure anywhere leaves the failure value the
 // operation started with. Other exceptions pass.
-template <class Body>
-void catchAutomationFailure(Body&& body)
+template <class Body> void catchAutomationFailure(Body&& body)
 {
     try {
         std::forward<Body>(body)();
@@ -28,8 +27,7 @@ void catchAutomationFailure(Body&& body)
 
 // Catches the automation failure without forming its message: for lookups whose callers only see
 // what the lookup had found so far.
-template <class Body>
-void catchAutomationFailureQuietly(Body&& body)
+template <class Body> void catchAutomationFailureQuietly(Body&& body)
 {
     try {
         std::forward<Body>(body)();
@@ -39,8 +37,7 @@ void catchAutomationFailureQuietly(Body&& body)
 }
 
 // Catches every exception, of any kind, and returns silently: what was done stays done.
-template <class Body>
-void catchEverything(Body&& body)
+template <class Body> void catchEverything(Body&& body)
 {
     try {
         std::forward<Body>(body)();

@@ -9,9 +9,15 @@
 
 namespace external_utilities {
 
-inline _variant_t menuPosition(std::int32_t position) { return _variant_t(static_cast<long>(position), VT_I4); }
+inline _variant_t menuPosition(std::int32_t position)
+{
+    return _variant_t(static_cast<long>(position), VT_I4);
+}
 
-inline _variant_t toolbarPosition(std::int32_t position) { return menuPosition(position); }
+inline _variant_t toolbarPosition(std::int32_t position)
+{
+    return menuPosition(position);
+}
 
 inline _variant_t documentPosition(std::int32_t position)
 {
@@ -23,6 +29,9 @@ inline _variant_t documentPosition(std::int32_t position)
 
 // A position variant copied for the call, as the host's own callers copy theirs: a failed copy
 // raises its status.
-inline _variant_t copiedPosition(const _variant_t& position) { return _variant_t(position); }
+inline _variant_t copiedPosition(const _variant_t& position)
+{
+    return _variant_t(position);
+}
 
 }  // namespace external_utilities

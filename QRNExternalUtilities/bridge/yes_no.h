@@ -6,7 +6,13 @@
 
 namespace external_utilities {
 
-inline bool isExactlyTrue(VARIANT_BOOL flag) { return static_cast<unsigned short>(flag) == 0xFFFF; }
-inline bool isExactlyFalse(VARIANT_BOOL flag) { return flag == 0; }
+inline bool isExactlyTrue(VARIANT_BOOL flag)
+{
+    return static_cast<unsigned short>(flag) == 0xFFFF;
+}
+inline bool isExactlyFalse(VARIANT_BOOL flag)
+{
+    return flag == 0;
+}
 
 }  // namespace external_utilities

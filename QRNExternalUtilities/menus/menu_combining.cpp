@@ -29,32 +29,33 @@ void copyMenuAsSubMenu(const HostPopupMenuPtr& target, const HostPopupMenuPtr& s
         if (copy) {
             WalkRules rules;
             rules.nullItem = WalkRules::NullItem::visited;
-            walkByPosition<HostPopupMenuItemPtr>(*source, rules, [&](HostPopupMenuItemPtr item, std::int32_t i) {
-                if (!item) {
-                    copiedWhole = false;
-                    return WalkStep::stop;
-                }
-                const _bstr_t label = item->GetLabel();
-                const _bstr_t macro = item->GetMacro();
-                const LONG type = item->GetType();
-                if (type == kCommand) {
-                    copy->AddMenuItem(menuPosition(i), label, macro)->PutLabel(label);
-                }
-                else if (type == kSeparator) {
-                    // At the target's count read before the copy, not at i: every separator of one
-                    // menu lands at the same index, as callers have always seen it.
-                    copy->AddSeparator(menuPosition(targetCount));
-                }
-                else if (type == kSubMenu) {
-                    const HostPopupMenuPtr subMenu = item->GetSubMenu();
-                    if (!subMenu) {
+            walkByPosition<HostPopupMenuItemPtr>(
+                *source, rules, [&](HostPopupMenuItemPtr item, std::int32_t i) {
+                    if (!item) {
                         copiedWhole = false;
                         return WalkStep::stop;
                     }
-                    copyMenuAsSubMenu(copy, subMenu);
-                }
-                return WalkStep::next;
-            });
+                    const _bstr_t label = item->GetLabel();
+                    const _bstr_t macro = item->GetMacro();
+                    const LONG type = item->GetType();
+                    if (type == kCommand) {
+                        copy->AddMenuItem(menuPosition(i), label, macro)->PutLabel(label);
+                    }
+                    else if (type == kSeparator) {
+                        // At the target's count read before the copy, not at i: every separator of one
+                        // menu lands at the same index, as callers have always seen it.
+                        copy->AddSeparator(menuPosition(targetCount));
+                    }
+                    else if (type == kSubMenu) {
+                        const HostPopupMenuPtr subMenu = item->GetSubMenu();
+                        if (!subMenu) {
+                            copiedWhole = false;
+                            return WalkStep::stop;
+                        }
+                        copyMenuAsSubMenu(copy, subMenu);
+                    }
+                    return WalkStep::next;
+                });
         }
         // A source whose copy stopped short stays on the menu bar.
         if (!copiedWhole)

@@ -22,7 +22,10 @@ WalkRules snapWalk(WalkRules::NullItem nullItem)
     return rules;
 }
 
-_variant_t snapPosition(long position) { return copiedPosition(menuPosition(static_cast<std::int32_t>(position))); }
+_variant_t snapPosition(long position)
+{
+    return copiedPosition(menuPosition(static_cast<std::int32_t>(position)));
+}
 
 // The first menu of the "MX" group (any letter case) tagged "PM_0001" (any case) or not tagged.
 // When none is, the group's last menu is taken all the same; only a group without menus gives
@@ -41,26 +44,25 @@ HostPopupMenuPtr findSnapMenu()
         if (!groups)
             return;
         HostMenuGroupPtr mx;
-        walkByPosition<HostMenuGroupPtr>(*groups, snapWalk(WalkRules::NullItem::raises),
-                                         [&](HostMenuGroupPtr group, std::int32_t) {
-                                             if (MxtString::compareNoCase(MxtString(group->GetName()), kMXGroupName) != 0)
-                                                 return WalkStep::next;
-                                             mx = std::move(group);
-                                             return WalkStep::stop;
-                                         });
+        walkByPosition<HostMenuGroupPtr>(
+            *groups, snapWalk(WalkRules::NullItem::raises), [&](HostMenuGroupPtr group, std::int32_t) {
+                if (MxtString::compareNoCase(MxtString(group->GetName()), kMXGroupName) != 0)
+                    return WalkStep::next;
+                mx = std::move(group);
+                return WalkStep::stop;
+            });
         if (!mx)
             return;
         const HostPopupMenusPtr menus = mx->GetMenus();
         if (!menus)
             return;
-        walkByPosition<HostPopupMenuPtr>(*menus, snapWalk(WalkRules::NullItem::skipped),
-                                         [&](HostPopupMenuPtr menu, std::int32_t) {
-                                             snap = std::move(menu);
-                                             const MxtString tag(snap->GetTagString());
-                                             const bool isSnapMenu =
-                                                 tag.isEmpty() || MxtString::compareNoCase(tag, kSnapMenuTag) == 0;
-                                             return isSnapMenu ? WalkStep::stop : WalkStep::next;
-                                         });
+        walkByPosition<HostPopupMenuPtr>(
+            *menus, snapWalk(WalkRules::NullItem::skipped), [&](HostPopupMenuPtr menu, std::int32_t) {
+                snap = std::move(menu);
+                const MxtString tag(snap->GetTagString());
+                const bool isSnapMenu = tag.isEmpty() || MxtString::compareNoCase(tag, kSnapMenuTag) == 0;
+                return isSnapMenu ? WalkStep::stop : WalkStep::next;
+            });
     });
     return snap;
 }
@@ -70,18 +72,18 @@ HostPopupMenuPtr findSnapMenu()
 bool holdsMacro(HostPopupMenu& snap, LONG count, const MxtString& macro)
 {
     bool held = false;
-    walkPositions<HostPopupMenuItemPtr>(snap, count, snapWalk(WalkRules::NullItem::raises),
-                                        [&](HostPopupMenuItemPtr item, std::int32_t) {
-                                            held = MxtString::compareNoCase(MxtString(item->GetMacro()), macro) == 0;
-                                            return held ? WalkStep::stop : WalkStep::next;
-                                        });
+    walkPositions<HostPopupMenuItemPtr>(
+        snap, count, snapWalk(WalkRules::NullItem::raises), [&](HostPopupMenuItemPtr item, std::int32_t) {
+            held = MxtString::compareNoCase(MxtString(item->GetMacro()), macro) == 0;
+            return held ? WalkStep::stop : WalkStep::next;
+        });
     return held;
 }
 
 }  // namespace
 
-bool ZORBAppUtilities::addMenuItemsToSnapMenu(const MxtArray<MxtString>& labels, const MxtArray<MxtString>& macros,
-                                              long positionFromEnd)
+bool ZORBAppUtilities::addMenuItemsToSnapMenu(const MxtArray<MxtString>& labels,
+                                              const MxtArray<MxtString>& macros, long positionFromEnd)
 {
     if (labels.getLength() == 0)
         return true;

@@ -11,8 +11,7 @@ namespace external_utilities {
 // Runs `use` on the host's file-location preferences under the automation failure handler;
 // nothing runs when the host gives no preferences object. `use` sets the operation's result as
 // its last step, so a failure or a missing object leaves the failure value.
-template <class Use>
-void useHostPreferencesFiles(Use&& use)
+template <class Use> void useHostPreferencesFiles(Use&& use)
 {
     catchAutomationFailure([&] {
         const HostPreferencesFilesPtr files = getHostPreferencesFiles();

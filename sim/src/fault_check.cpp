@@ -48,11 +48,13 @@ Reason whyAnswerCannotAct(const Fault& fault, const HostMethod& method)
             return "an answer fault gives an \"answer\" or a success status other than S_OK";
         return std::nullopt;
     case Answer::Kind::number:
-        if (method.gives != Gives::longNumber && method.gives != Gives::yesNo && method.gives != Gives::shortNumber)
+        if (method.gives != Gives::longNumber && method.gives != Gives::yesNo &&
+            method.gives != Gives::shortNumber)
             return fault.method + " gives no number to answer";
         if (!fitsResult(method.gives, fault.answer.number))
-            return "the answer " + std::to_string(fault.answer.number) + " does not fit what " + fault.method +
-                   " gives (" + (method.gives == Gives::longNumber ? "32 signed bits" : "16 bits") + ")";
+            return "the answer " + std::to_string(fault.answer.number) + " does not fit what " +
+                   fault.method + " gives (" +
+                   (method.gives == Gives::longNumber ? "32 signed bits" : "16 bits") + ")";
         return std::nullopt;
     case Answer::Kind::null:
         if (method.gives != Gives::text && method.gives != Gives::foundPath)
@@ -71,7 +73,8 @@ std::optional<std::string> whyFaultCannotAct(const Fault& fault)
         return "a fault counts calls from 1 (0 for every call), not " + std::to_string(fault.nth);
     if (fault.kind != FaultKind::answer && fault.answer.kind != Answer::Kind::hostValue)
         return "only an answer fault gives an \"answer\"";
-    if ((fault.kind == FaultKind::failCall || fault.kind == FaultKind::failVariantCopy) && SUCCEEDED(fault.status))
+    if ((fault.kind == FaultKind::failCall || fault.kind == FaultKind::failVariantCopy) &&
+        SUCCEEDED(fault.status))
         return "a " + kind + " fault needs a failing status, not " + nameOfStatus(fault.status);
     if (isRuntimeFault(fault.kind)) {
         if (!canFailRuntimeCalls())

@@ -14,10 +14,10 @@ inline constexpr const char* kGetDispatch = "CWinApp.GetIDispatch";
 inline constexpr const char* kQueryApplication = "HostApplication.QueryInterface";
 
 struct FaultVerdict {
-    HRESULT failure = S_OK;          // a failed status the call must return
-    bool giveNull = false;           // the call succeeds but gives no object
-    HRESULT success = S_OK;          // the status a successful call returns
-    Answer answer;                   // what it gives in place of the host's own value
+    HRESULT failure = S_OK;  // a failed status the call must return
+    bool giveNull = false;   // the call succeeds but gives no object
+    HRESULT success = S_OK;  // the status a successful call returns
+    Answer answer;           // what it gives in place of the host's own value
 };
 
 // Counts the call against every fault that matches it and says what the faults make of it.

@@ -71,14 +71,29 @@ Host::~Host()
     g_installation = nullptr;
 }
 
-Host* Host::current() { return g_current; }
+Host* Host::current()
+{
+    return g_current;
+}
 
-HostState& Host::state() { return m_impl->installation.core().state; }
-const HostState& Host::state() const { return m_impl->installation.core().state; }
+HostState& Host::state()
+{
+    return m_impl->installation.core().state;
+}
+const HostState& Host::state() const
+{
+    return m_impl->installation.core().state;
+}
 
-void Host::syncEnvironment() { m_impl->installation.syncEnvironment(); }
+void Host::syncEnvironment()
+{
+    m_impl->installation.syncEnvironment();
+}
 
-Journal& Host::journal() { return m_impl->installation.core().journal; }
+Journal& Host::journal()
+{
+    return m_impl->installation.core().journal;
+}
 
 void Host::armFault(Fault fault)
 {
@@ -100,11 +115,17 @@ long Host::referencesHeld() const
     return core.references - core.hostReferences;
 }
 
-long Host::buffersHeld() const { return detail::hostBuffersHeld(); }
+long Host::buffersHeld() const
+{
+    return detail::hostBuffersHeld();
+}
 
 namespace detail {
 
-Installation* installed() { return g_installation; }
+Installation* installed()
+{
+    return g_installation;
+}
 
 }  // namespace detail
 }  // namespace sim

@@ -5,8 +5,14 @@
 namespace sim::detail {
 namespace {
 
-constexpr HostMethod automation(const char* name, Gives gives) { return {name, gives, true}; }
-constexpr HostMethod sdk(const char* name, Gives gives) { return {name, gives, false}; }
+constexpr HostMethod automation(const char* name, Gives gives)
+{
+    return {name, gives, true};
+}
+constexpr HostMethod sdk(const char* name, Gives gives)
+{
+    return {name, gives, false};
+}
 
 const HostMethod kHostMethods[] = {
     sdk("sdk.zbedGetZorbWinApp", Gives::object),

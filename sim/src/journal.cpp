@@ -69,7 +69,10 @@ const char* baseTypeName(VARTYPE type)
     }
 }
 
-bool isText(VARTYPE type) { return type == VT_BSTR || type == VT_LPWSTR || type == VT_LPSTR; }
+bool isText(VARTYPE type)
+{
+    return type == VT_BSTR || type == VT_LPWSTR || type == VT_LPSTR;
+}
 
 }  // namespace
 
@@ -123,7 +126,10 @@ std::string variantTypeName(VARTYPE type)
     return name + "VT_" + std::to_string(base);
 }
 
-std::string statusName(HRESULT status) { return nameOfStatus(status); }
+std::string statusName(HRESULT status)
+{
+    return nameOfStatus(status);
+}
 
 std::string formatJournalLine(const JournalEntry& entry)
 {

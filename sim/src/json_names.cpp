@@ -45,13 +45,31 @@ const std::pair<BeyondEnd, const char*> kBeyondEnd[] = {
 
 }  // namespace
 
-const char* nameOfItemType(ItemType type) { return nameIn(kItemTypes, type); }
-std::optional<ItemType> itemTypeNamed(const std::string& name) { return lookUp(kItemTypes, name); }
+const char* nameOfItemType(ItemType type)
+{
+    return nameIn(kItemTypes, type);
+}
+std::optional<ItemType> itemTypeNamed(const std::string& name)
+{
+    return lookUp(kItemTypes, name);
+}
 
-const char* nameOfFaultKind(FaultKind kind) { return nameIn(kFaultKinds, kind); }
-std::optional<FaultKind> faultKindNamed(const std::string& name) { return lookUp(kFaultKinds, name); }
+const char* nameOfFaultKind(FaultKind kind)
+{
+    return nameIn(kFaultKinds, kind);
+}
+std::optional<FaultKind> faultKindNamed(const std::string& name)
+{
+    return lookUp(kFaultKinds, name);
+}
 
-const char* nameOfBeyondEnd(BeyondEnd choice) { return nameIn(kBeyondEnd, choice); }
-std::optional<BeyondEnd> beyondEndNamed(const std::string& name) { return lookUp(kBeyondEnd, name); }
+const char* nameOfBeyondEnd(BeyondEnd choice)
+{
+    return nameIn(kBeyondEnd, choice);
+}
+std::optional<BeyondEnd> beyondEndNamed(const std::string& name)
+{
+    return lookUp(kBeyondEnd, name);
+}
 
 }  // namespace sim::detail

@@ -80,7 +80,8 @@ int zbedGetVar(const wchar_t* name, resbuf* value)
     value->rbnext = nullptr;
     value->restype = kZbShortValue;
     const sim::Answer& answer = call.answer();
-    value->resval.rint = answer.kind == sim::Answer::Kind::number ? static_cast<short>(answer.number) : *variable;
+    value->resval.rint =
+        answer.kind == sim::Answer::Kind::number ? static_cast<short>(answer.number) : *variable;
     call.succeed();
     return kZbNormal;
 }

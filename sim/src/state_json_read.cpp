@@ -367,9 +367,9 @@ template <class Value, class Read> std::map<std::wstring, Value> readMap(const J
 
 HostState readState(const JsonReader& in)
 {
-    in.expectObject({"behaviour", "menuGroups", "menuBar", "documents", "activeDocument", "drawingsOnDisk", "plotJobs",
-                     "plotterAnswers", "zoomRequests", "preferences", "systemVariables", "registry",
-                     "searchPathFiles", "menuFiles", "mxSupportFolder", "faults"});
+    in.expectObject({"behaviour", "menuGroups", "menuBar", "documents", "activeDocument", "drawingsOnDisk",
+                     "plotJobs", "plotterAnswers", "zoomRequests", "preferences", "systemVariables",
+                     "registry", "searchPathFiles", "menuFiles", "mxSupportFolder", "faults"});
     HostState state;
     if (const auto behaviour = in.member("behaviour")) {
         behaviour->expectObject({"strictArguments", "menuIndexBeyondEnd"});
@@ -439,7 +439,10 @@ HostState readState(const JsonReader& in)
 
 }  // namespace
 
-HostState stateFromJson(const nlohmann::json& document) { return readState(JsonReader(document, "")); }
+HostState stateFromJson(const nlohmann::json& document)
+{
+    return readState(JsonReader(document, ""));
+}
 
 std::vector<Fault> faultsFromJson(const nlohmann::json& document)
 {

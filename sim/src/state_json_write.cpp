@@ -10,7 +10,10 @@ namespace {
 
 using nlohmann::json;
 
-json textOf(const std::wstring& value) { return text::toUtf8(value); }
+json textOf(const std::wstring& value)
+{
+    return text::toUtf8(value);
+}
 
 json textsOf(const std::vector<std::wstring>& values)
 {

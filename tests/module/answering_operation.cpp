@@ -67,13 +67,15 @@ std::vector<std::string> reachingApplication(std::initializer_list<std::string> 
 
 std::vector<std::string> reachingPreferencesFiles(std::initializer_list<std::string> then)
 {
-    return followedBy(reachingApplication({"HostApplication.get_Preferences", "HostPreferences.get_Files"}), then);
+    return followedBy(reachingApplication({"HostApplication.get_Preferences", "HostPreferences.get_Files"}),
+                      then);
 }
 
 std::vector<std::string> readingRegistry(std::initializer_list<std::string> then)
 {
     return followedBy(
-        {"sdk.zbdbHostApplicationServices", "ZbDbHostApplicationServices.getUserRegistryProductRootKey"}, then);
+        {"sdk.zbdbHostApplicationServices", "ZbDbHostApplicationServices.getUserRegistryProductRootKey"},
+        then);
 }
 
 SweptOperation answeringOperation(std::string name, FailureHandling handling,

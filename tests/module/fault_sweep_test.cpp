@@ -1,6 +1,6 @@
 // Every operation of the module, run undisturbed on a strict host and then failed at each host
-// call, each withheld object, each step to the application and each automation string allocation:
-// it makes the host calls it should, answers as its failure handling says, leaves the host as that
+// call, each withheld object, each step to the application and each automation string allocation and variant
+// copy: it makes the host calls it should, answers as its failure handling says, leaves the host as that
 // handling allows and leaves nothing behind. Each subsystem's sweep file lists its operations.
 #include "support/fault_sweep.h"
 

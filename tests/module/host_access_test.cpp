@@ -27,7 +27,8 @@ TEST_F(HostAccess, DispatchBelongsToTheCallerAndLeadsToTheApplication)
     EXPECT_EQ(host().referencesHeld(), 1);
 
     HostApplicationPtr application;
-    ASSERT_EQ(dispatch->QueryInterface(__uuidof(HostApplication), reinterpret_cast<void**>(&application)), S_OK);
+    ASSERT_EQ(dispatch->QueryInterface(__uuidof(HostApplication), reinterpret_cast<void**>(&application)),
+              S_OK);
     dispatch->Release();
     EXPECT_EQ(text(MxtString(application->GetPreferences()->GetFiles()->GetSupportPath())),
               state().preferences.supportPath);
@@ -41,7 +42,8 @@ TEST_F(HostAccess, DispatchQueryRefusesANullOutput)
 
 TEST_F(HostAccess, ApplicationIsTheTypedInterfaceWithAReferenceForTheCaller)
 {
-    HostApplicationPtr application(static_cast<HostApplication*>(ZORBAppUtilities::getCadApplication()), false);
+    HostApplicationPtr application(static_cast<HostApplication*>(ZORBAppUtilities::getCadApplication()),
+                                   false);
     ASSERT_TRUE(application);
     EXPECT_EQ(host().referencesHeld(), 1);
     // The typed interface itself, usable without another query.

@@ -20,8 +20,8 @@ protected:
         firstMenu = mx->menus[0];
     }
 
-    static MxtArray<ZORBAppUtilities::ZORBMenuItem> items(
-        std::initializer_list<ZORBAppUtilities::ZORBMenuItem> list)
+    static MxtArray<ZORBAppUtilities::ZORBMenuItem>
+    items(std::initializer_list<ZORBAppUtilities::ZORBMenuItem> list)
     {
         MxtArray<ZORBAppUtilities::ZORBMenuItem> array;
         for (const auto& item : list)
@@ -38,8 +38,8 @@ protected:
 TEST_F(MenuBar, AddingPutsTheGroupsFirstMenuWithItsNewItemsOnTheBarAtThePosition)
 {
     const size_t before = state().menuBar.size();
-    ZORBAppUtilities::addMenuToMenuBar(MxtString(L"mx"),
-                                       items({{0, L"&Beam Tools", L"^C^C_MXBT"}, {2, L"&Grid", L"^C^C_MXGRID"}}), 1);
+    ZORBAppUtilities::addMenuToMenuBar(
+        MxtString(L"mx"), items({{0, L"&Beam Tools", L"^C^C_MXBT"}, {2, L"&Grid", L"^C^C_MXGRID"}}), 1);
     ASSERT_EQ(state().menuBar.size(), before + 1);
     EXPECT_EQ(state().menuBar[1], firstMenu);
     EXPECT_EQ(firstMenu->items[0]->label, L"&Beam Tools");
@@ -47,9 +47,11 @@ TEST_F(MenuBar, AddingPutsTheGroupsFirstMenuWithItsNewItemsOnTheBarAtThePosition
     EXPECT_TRUE(firstMenu->items[2]->enabled);
     const std::vector<std::string> calls = typedHostCalls();
     EXPECT_THAT(std::vector<std::string>(calls.end() - 6, calls.end()),
-                ElementsAre("HostPopupMenu.AddMenuItem(VT_I4, VT_BSTR, VT_BSTR)", "HostPopupMenuItem.put_Enabled(VT_BOOL)",
-                            "HostPopupMenu.AddMenuItem(VT_I4, VT_BSTR, VT_BSTR)", "HostPopupMenuItem.put_Enabled(VT_BOOL)",
-                            "HostPopupMenu.get_OnMenuBar()", "HostPopupMenu.InsertInMenuBar(VT_I4)"));
+                ElementsAre("HostPopupMenu.AddMenuItem(VT_I4, VT_BSTR, VT_BSTR)",
+                            "HostPopupMenuItem.put_Enabled(VT_BOOL)",
+                            "HostPopupMenu.AddMenuItem(VT_I4, VT_BSTR, VT_BSTR)",
+                            "HostPopupMenuItem.put_Enabled(VT_BOOL)", "HostPopupMenu.get_OnMenuBar()",
+                            "HostPopupMenu.InsertInMenuBar(VT_I4)"));
 }
 
 TEST_F(MenuBar, AddingAgainAddsTheItemsAgainButDoesNotInsertTheMenuTwice)
@@ -66,8 +68,9 @@ TEST_F(MenuBar, AnItemTheHostRefusesIsLeftOutAndTheOthersAreAdded)
 {
     arm(failingCall("HostPopupMenu.AddMenuItem", 1));
     const size_t count = firstMenu->items.size();
-    ZORBAppUtilities::addMenuToMenuBar(MxtString(L"MX"),
-                                       items({{0, L"&One", L"_one"}, {99, L"&Beyond", L"_far"}, {0, L"&Two", L"_two"}}), 0);
+    ZORBAppUtilities::addMenuToMenuBar(
+        MxtString(L"MX"), items({{0, L"&One", L"_one"}, {99, L"&Beyond", L"_far"}, {0, L"&Two", L"_two"}}),
+        0);
     ASSERT_EQ(firstMenu->items.size(), count + 1);
     EXPECT_EQ(firstMenu->items[0]->label, L"&Two");
     EXPECT_EQ(state().menuBar[0], firstMenu);

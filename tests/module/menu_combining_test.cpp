@@ -25,7 +25,8 @@ protected:
     std::shared_ptr<sim::MenuGroup> tools;
 };
 
-sim::PopupMenuItem item(sim::ItemType type, std::wstring label, std::shared_ptr<sim::PopupMenu> subMenu = nullptr)
+sim::PopupMenuItem item(sim::ItemType type, std::wstring label,
+                        std::shared_ptr<sim::PopupMenu> subMenu = nullptr)
 {
     sim::PopupMenuItem made;
     made.type = type;
@@ -50,7 +51,8 @@ TEST_F(MenuCombining, EachSourceBecomesASubmenuOfANewMenuInTheFirstGroupOnTheBar
 {
     const size_t zorbMenus = state().menuGroups[0]->menus.size();
     state().menuBar.push_back(tools->menus[0]);
-    ZORBAppUtilities::combineMenusOnMenuBar(MxtString(L"MX &All"), mxtStrings({L"mxtools", L"NOPE", L"MX"}), 2);
+    ZORBAppUtilities::combineMenusOnMenuBar(MxtString(L"MX &All"), mxtStrings({L"mxtools", L"NOPE", L"MX"}),
+                                            2);
 
     ASSERT_EQ(state().menuGroups[0]->menus.size(), zorbMenus + 1);
     EXPECT_EQ(combined()->name, L"MX &All");

@@ -32,10 +32,10 @@ TEST_F(MenuGroups, ALoadedGroupIsFoundByItsExactNameOnly)
     // Every group is copied before the names are read, and the walk stops at the first match.
     host().journal().clear();
     ZORBAppUtilities::isMenuLoaded(MxtString(L"ZORB"));
-    EXPECT_THAT(typedHostCalls(),
-                ElementsAre("sdk.zbedGetZorbWinApp()", "CWinApp.GetIDispatch()", "HostApplication.get_MenuGroups()",
-                            "HostMenuGroups.get_Count()", "HostMenuGroups.Item(VT_I4)", "HostMenuGroups.Item(VT_I4)",
-                            "HostMenuGroup.get_Name()"));
+    EXPECT_THAT(typedHostCalls(), ElementsAre("sdk.zbedGetZorbWinApp()", "CWinApp.GetIDispatch()",
+                                              "HostApplication.get_MenuGroups()",
+                                              "HostMenuGroups.get_Count()", "HostMenuGroups.Item(VT_I4)",
+                                              "HostMenuGroups.Item(VT_I4)", "HostMenuGroup.get_Name()"));
 }
 
 TEST_F(MenuGroups, APositionTheHostRefusesIsSkippedAndANullNameIsEmpty)
@@ -64,7 +64,8 @@ TEST_F(MenuGroups, WithoutAHostOrItsGroupsNothingIsLoadedAndLoadingStillAnswersT
 TEST_F(MenuGroups, LoadingLoadsEachFileWhoseGroupIsNotLoadedAndPassesOverFailures)
 {
     loadGroup(kMXToolsMenuFile);
-    EXPECT_TRUE(ZORBAppUtilities::loadMenus(mxtStrings({L"C:\\nowhere\\NOPE", kMXToolsMenuFile, kMXMenuFile})));
+    EXPECT_TRUE(
+        ZORBAppUtilities::loadMenus(mxtStrings({L"C:\\nowhere\\NOPE", kMXToolsMenuFile, kMXMenuFile})));
     EXPECT_THAT(loadedNames(state()), ElementsAre(L"ZORB", L"MXTOOLS", L"MX"));
     // The whole path goes to the host with an empty base-menu argument.
     const std::vector<std::string> calls = typedHostCalls();
@@ -75,7 +76,8 @@ TEST_F(MenuGroups, LoadingLoadsEachFileWhoseGroupIsNotLoadedAndPassesOverFailure
 
 TEST_F(MenuGroups, AGroupTheHostNamesInLowerCaseIsLoadedAgainOnEveryCall)
 {
-    state().menuFiles[L"D:\\Menus\\tools"] = std::make_shared<sim::MenuGroup>(sim::MenuGroup{L"tools", {}, {}});
+    state().menuFiles[L"D:\\Menus\\tools"] =
+        std::make_shared<sim::MenuGroup>(sim::MenuGroup{L"tools", {}, {}});
     ZORBAppUtilities::loadMenus(mxtStrings({L"D:\\Menus\\tools"}));
     host().journal().clear();
     // Asked for "TOOLS" exactly, the loaded "tools" is not found; the host then refuses the load.

@@ -28,7 +28,8 @@ std::shared_ptr<sim::MenuGroup> MenuTest::loadGroup(const wchar_t* menuFile)
 std::shared_ptr<sim::MenuGroup> MenuTest::loadedGroup(const std::wstring& name)
 {
     const auto& groups = state().menuGroups;
-    const auto found = std::find_if(groups.begin(), groups.end(), [&](const auto& group) { return group->name == name; });
+    const auto found =
+        std::find_if(groups.begin(), groups.end(), [&](const auto& group) { return group->name == name; });
     return found == groups.end() ? nullptr : *found;
 }
 

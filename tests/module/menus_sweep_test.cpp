@@ -41,10 +41,14 @@ const std::vector<std::string> kGroupMenuLookup = {
     "HostApplication.get_MenuGroups", "HostMenuGroups.get_Count", "HostMenuGroups.Item",
     "HostMenuGroup.get_Name",         "HostMenuGroup.get_Menus",  "HostPopupMenus.Item"};
 const std::vector<std::string> kItemAdder = {"HostPopupMenu.AddMenuItem", "HostPopupMenuItem.put_Enabled"};
-const std::vector<std::string> kSnapMenuLookup = {
-    "HostApplication.get_MenuGroups", "HostMenuGroups.get_Count", "HostMenuGroups.Item",
-    "HostMenuGroup.get_Name",         "HostMenuGroup.get_Menus",  "HostPopupMenus.get_Count",
-    "HostPopupMenus.Item",            "HostPopupMenu.get_TagString"};
+const std::vector<std::string> kSnapMenuLookup = {"HostApplication.get_MenuGroups",
+                                                  "HostMenuGroups.get_Count",
+                                                  "HostMenuGroups.Item",
+                                                  "HostMenuGroup.get_Name",
+                                                  "HostMenuGroup.get_Menus",
+                                                  "HostPopupMenus.get_Count",
+                                                  "HostPopupMenus.Item",
+                                                  "HostPopupMenu.get_TagString"};
 
 std::vector<std::string> joined(std::vector<std::string> first, const std::vector<std::string>& second)
 {
@@ -56,8 +60,9 @@ const MxtArray<MxtString> kSnapLabels = mxtStrings({L"MX &Axis", L"MX &Corner", 
 const MxtArray<MxtString> kSnapMacros = mxtStrings({L"_MXAXIS", L"_MXCORNER", L"_MXHOLE"});
 
 // An operation that answers yes or no: after success `expected`, after a failure `afterFailure`.
-SweptOperation answeringYesNo(std::string name, FailureHandling handling, std::function<bool()> call, bool expected,
-                              bool afterFailure, std::function<void(const sim::Host&)> expectHost = nullptr)
+SweptOperation answeringYesNo(std::string name, FailureHandling handling, std::function<bool()> call,
+                              bool expected, bool afterFailure,
+                              std::function<void(const sim::Host&)> expectHost = nullptr)
 {
     const auto answer = std::make_shared<bool>(false);
     SweptOperation operation;
@@ -92,12 +97,16 @@ std::vector<SweptOperation> menuOperations()
     std::vector<SweptOperation> operations;
 
     SweptOperation isLoaded = answeringYesNo(
-        "isMenuLoaded", FH::caught, [] { return ZORBAppUtilities::isMenuLoaded(MxtString(L"MXTOOLS")); }, true, false);
+        "isMenuLoaded", FH::caught, [] { return ZORBAppUtilities::isMenuLoaded(MxtString(L"MXTOOLS")); },
+        true, false);
     isLoaded.skippedWhenFailing = {"HostMenuGroups.Item"};
     operations.push_back(isLoaded);
 
     SweptOperation load = answeringYesNo(
-        "loadMenus", FH::caught, [] { return ZORBAppUtilities::loadMenus(mxtStrings({kMXToolsMenuFile, kMXMenuFile})); },
+        "loadMenus", FH::caught,
+        [] {
+            return ZORBAppUtilities::loadMenus(mxtStrings({kMXToolsMenuFile, kMXMenuFile}));
+        },
         true, true, [](const sim::Host& host) { EXPECT_NE(groupNamed(host.state(), L"MX"), nullptr); });
     load.initialState = [] {
         sim::HostState state = sim::defaultHostState();
@@ -140,18 +149,19 @@ std::vector<SweptOperation> menuOperations()
     add.hostCalls = joined(
         {"sdk.zbedGetZorbWinApp", "CWinApp.GetIDispatch", "sdk.zbedGetZorbWinApp", "CWinApp.GetIDispatch",
          "HostApplication.get_MenuGroups", "HostMenuGroups.get_Count", "HostMenuGroups.Item(VT_I4)",
-         "HostMenuGroup.get_Name", "HostMenuGroups.Item(VT_I4)", "HostMenuGroup.get_Name", "HostMenuGroup.get_Menus",
-         "HostPopupMenus.Item(VT_I4)"},
+         "HostMenuGroup.get_Name", "HostMenuGroups.Item(VT_I4)", "HostMenuGroup.get_Name",
+         "HostMenuGroup.get_Menus", "HostPopupMenus.Item(VT_I4)"},
         {"HostPopupMenu.AddMenuItem(VT_I4, VT_BSTR, VT_BSTR)", "HostPopupMenuItem.put_Enabled(VT_BOOL)",
          "HostPopupMenu.AddMenuItem(VT_I4, VT_BSTR, VT_BSTR)", "HostPopupMenuItem.put_Enabled(VT_BOOL)",
          "HostPopupMenu.get_OnMenuBar()", "HostPopupMenu.InsertInMenuBar(VT_I4)"});
     operations.push_back(add);
 
-    SweptOperation remove =
-        acting("removeMenuFromMenuBar", FH::propagated, [] { ZORBAppUtilities::removeMenuFromMenuBar(MxtString(L"MX")); },
-               [](const sim::Host& host) {
-                   EXPECT_FALSE(onMenuBar(host.state(), groupNamed(host.state(), L"MX")->menus[0]));
-               });
+    SweptOperation remove = acting(
+        "removeMenuFromMenuBar", FH::propagated,
+        [] { ZORBAppUtilities::removeMenuFromMenuBar(MxtString(L"MX")); },
+        [](const sim::Host& host) {
+            EXPECT_FALSE(onMenuBar(host.state(), groupNamed(host.state(), L"MX")->menus[0]));
+        });
     remove.initialState = [] {
         sim::HostState state = mxHost();
         state.menuBar.push_back(groupNamed(state, L"MX")->menus[0]);
@@ -163,18 +173,24 @@ std::vector<SweptOperation> menuOperations()
 
     const auto count = std::make_shared<long>(-1);
     SweptOperation counting = acting(
-        "getNumberOfMenusOnMenuBar", FH::propagated, [count] { *count = ZORBAppUtilities::getNumberOfMenusOnMenuBar(); },
-        [count](const sim::Host& host) { EXPECT_EQ(*count, static_cast<long>(host.state().menuBar.size())); });
+        "getNumberOfMenusOnMenuBar", FH::propagated,
+        [count] { *count = ZORBAppUtilities::getNumberOfMenusOnMenuBar(); },
+        [count](const sim::Host& host) {
+            EXPECT_EQ(*count, static_cast<long>(host.state().menuBar.size()));
+        });
     counting.expectFailure = [count](const sim::Host&) { EXPECT_EQ(*count, 0); };
     operations.push_back(counting);
 
-    operations.push_back(answeringYesNo("isMenuLoadedOnMenuBar", FH::propagated, [] {
-        return ZORBAppUtilities::isMenuLoadedOnMenuBar(MxtString(L"MX_MAIN"));
-    }, true, false));
+    operations.push_back(answeringYesNo(
+        "isMenuLoadedOnMenuBar", FH::propagated,
+        [] { return ZORBAppUtilities::isMenuLoadedOnMenuBar(MxtString(L"MX_MAIN")); }, true, false));
 
     SweptOperation combine = acting(
         "combineMenusOnMenuBar", FH::swallowed,
-        [] { ZORBAppUtilities::combineMenusOnMenuBar(MxtString(L"MX &All"), mxtStrings({L"MX", L"MXTOOLS"}), 0); },
+        [] {
+            ZORBAppUtilities::combineMenusOnMenuBar(MxtString(L"MX &All"), mxtStrings({L"MX", L"MXTOOLS"}),
+                                                    0);
+        },
         [](const sim::Host& host) {
             const auto combined = host.state().menuGroups[0]->menus.back();
             EXPECT_EQ(combined->name, L"MX &All");

@@ -14,8 +14,14 @@ namespace {
 
 using FH = FailureHandling;
 
-void supportPathWithMX(sim::PreferencesFiles& files) { files.supportPath = kSupportPathWithMX; }
-void printerPathWithMX(sim::PreferencesFiles& files) { files.printerStyleSheetPath = kPrinterPathWithMX; }
+void supportPathWithMX(sim::PreferencesFiles& files)
+{
+    files.supportPath = kSupportPathWithMX;
+}
+void printerPathWithMX(sim::PreferencesFiles& files)
+{
+    files.printerStyleSheetPath = kPrinterPathWithMX;
+}
 
 // The support path that the plot interface's operation records, read and then withdrawn so that
 // no run sees another's.
@@ -97,8 +103,8 @@ std::vector<SweptOperation> pathOperations()
             reachingPreferencesFiles({"HostPreferencesFiles.put_TemplateDrawingFolder"}), kUntouched,
             [](sim::PreferencesFiles& files) { files.templateDrawingFolder = L"D:\\MX\\Templates"; }),
         answeringOperation("getCadDrawingPath", FH::caught, ZORBAppUtilities::getCadDrawingPath,
-                           reachingPreferencesFiles({"HostPreferencesFiles.get_DrawingPath"}), L"D:\\Projects",
-                           nullptr, L""),
+                           reachingPreferencesFiles({"HostPreferencesFiles.get_DrawingPath"}),
+                           L"D:\\Projects", nullptr, L""),
         // The registry and the search path are reached without automation objects.
         answeringOperation("getCadProductLocation", FH::propagated, ZORBAppUtilities::getCadProductLocation,
                            readingRegistry(), L"C:\\Program Files\\Zorb 2024"),

@@ -37,7 +37,8 @@ TEST_F(SnapMenu, ABlockOfNewEntriesGoesBeforeTheLastItemsLedByASeparator)
     EXPECT_EQ(snap->items[10]->macro, L"_MXCORNER");
     const std::vector<std::string> calls = typedHostCalls();
     EXPECT_THAT(std::vector<std::string>(calls.end() - 4, calls.end()),
-                ElementsAre("HostPopupMenu.AddSeparator(VT_I4)", "HostPopupMenu.AddMenuItem(VT_I4, VT_BSTR, VT_BSTR)",
+                ElementsAre("HostPopupMenu.AddSeparator(VT_I4)",
+                            "HostPopupMenu.AddMenuItem(VT_I4, VT_BSTR, VT_BSTR)",
                             "HostPopupMenu.AddMenuItem(VT_I4, VT_BSTR, VT_BSTR)",
                             "HostPopupMenu.AddMenuItem(VT_I4, VT_BSTR, VT_BSTR)"));
     EXPECT_EQ(host().journal().entries()[calls.size() - 4].arguments[0].value, "8");
@@ -67,9 +68,8 @@ TEST_F(SnapMenu, RemovingChecksTheBlockByLabelAndDeletesFromOneBeforeIt)
 {
     ZORBAppUtilities::addMenuItemsToSnapMenu(kLabels, kMacros, 2);
     host().journal().clear();
-    EXPECT_TRUE(ZORBAppUtilities::removeMenuItemsFromSnapMenu(mxtStrings({L"mx &beam axis", L"MX &PLATE CORNER",
-                                                                          L"MX &Hole"}),
-                                                              2));
+    EXPECT_TRUE(ZORBAppUtilities::removeMenuItemsFromSnapMenu(
+        mxtStrings({L"mx &beam axis", L"MX &PLATE CORNER", L"MX &Hole"}), 2));
     // The separator and the first two entries went; the last entry of the block stays.
     const std::vector<std::wstring> after = entries();
     EXPECT_THAT(std::vector<std::wstring>(after.begin() + 7, after.end()),
@@ -130,13 +130,16 @@ TEST_F(SnapMenu, FailuresOutsideTheLookupReachTheCallerWithWhatWasAddedKept)
     EXPECT_EQ(failureOf([] { ZORBAppUtilities::addMenuItemsToSnapMenu(kLabels, kMacros, 0); }).Error(),
               kInjectedStatus);
     const std::vector<std::wstring> after = entries();
-    EXPECT_THAT(std::vector<std::wstring>(after.end() - 2, after.end()), ElementsAre(L"---", L"MX &Beam Axis"));
+    EXPECT_THAT(std::vector<std::wstring>(after.end() - 2, after.end()),
+                ElementsAre(L"---", L"MX &Beam Axis"));
 
     // A position before the menu's start is the host's to refuse.
     host().clearFaults();
-    EXPECT_EQ(failureOf([] { ZORBAppUtilities::removeMenuItemsFromSnapMenu(kLabels, 10); }).Error(), DISP_E_BADINDEX);
+    EXPECT_EQ(failureOf([] { ZORBAppUtilities::removeMenuItemsFromSnapMenu(kLabels, 10); }).Error(),
+              DISP_E_BADINDEX);
 
     // A null item while looking for present macros is a failure too.
     arm(withheldObject("HostPopupMenu.Item", 1));
-    EXPECT_EQ(failureOf([] { ZORBAppUtilities::addMenuItemsToSnapMenu(kLabels, kMacros, 0); }).Error(), E_POINTER);
+    EXPECT_EQ(failureOf([] { ZORBAppUtilities::addMenuItemsToSnapMenu(kLabels, kMacros, 0); }).Error(),
+              E_POINTER);
 }

@@ -21,8 +21,9 @@ TEST_F(ArrayContract, AccessOutsideTheCountReportsAndStillReadsTheSlot)
     const MxtArray<int>& readOnly = numbers;
     EXPECT_EQ(readOnly[5], 55);
     EXPECT_EQ(readOnly[3], 33);
-    EXPECT_THAT(MxtAssert::reports(), ElementsAre(IsReport("isValid( index )", 514), IsReport("isValid( index )", 524),
-                                                  IsReport("isValid( index )", 524)));
+    EXPECT_THAT(MxtAssert::reports(),
+                ElementsAre(IsReport("isValid( index )", 514), IsReport("isValid( index )", 524),
+                            IsReport("isValid( index )", 524)));
 }
 
 TEST_F(ArrayContract, NegativeLengthsAreReportedAndLeaveTheStorageAlone)
@@ -33,7 +34,8 @@ TEST_F(ArrayContract, NegativeLengthsAreReportedAndLeaveTheStorageAlone)
 
     numbers.setLength(-1);
     numbers.setPhysicalLength(-1);
-    EXPECT_THAT(MxtAssert::reports(), ElementsAre(IsReport("len>=0", 604), IsReport("newPhysicalLen >= 0", 655)));
+    EXPECT_THAT(MxtAssert::reports(),
+                ElementsAre(IsReport("len>=0", 604), IsReport("newPhysicalLen >= 0", 655)));
     EXPECT_EQ(numbers.getData(), storage);
     EXPECT_EQ(numbers.getPhysicalLength(), 8);
     EXPECT_EQ(storage[2], 7);

@@ -16,7 +16,10 @@ namespace {
 
 class Answers : public SimTest {};
 
-HostPopupMenuPtr snapMenu() { return loadMx()->GetMenus()->Item(indexOf(VT_I4, 0)); }
+HostPopupMenuPtr snapMenu()
+{
+    return loadMx()->GetMenus()->Item(indexOf(VT_I4, 0));
+}
 
 }  // namespace
 
@@ -107,10 +110,12 @@ TEST_F(Answers, AFaultThatCouldNotActIsRefusedWhenArmedOrRead)
         {"a name is no number", answering("HostMenuGroup.get_Name", rawNumber(1))},
         {"a yes/no has 16 bits", answering("HostToolbar.get_Visible", rawNumber(0x10000))},
         {"an answer succeeds", answering("HostToolbar.get_Visible", rawNumber(1), 0, E_FAIL)},
-        {"the host's own value with S_OK changes nothing", answering("HostMenuGroups.get_Count", hostValue())},
+        {"the host's own value with S_OK changes nothing",
+         answering("HostMenuGroups.get_Count", hostValue())},
         {"an SDK function has no status", answering("sdk.zbedFindFile", nullAnswer(), 0, S_FALSE)},
         {"no such method", module_testing::failingCall("HostMenuGroups.Remove")},
-        {"the dispatch fault names its own call", [] {
+        {"the dispatch fault names its own call",
+         [] {
              sim::Fault fault = module_testing::faultOfKind(sim::FaultKind::noDispatch);
              fault.method = "HostMenuGroups.Item";
              return fault;

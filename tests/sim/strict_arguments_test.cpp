@@ -13,9 +13,15 @@ class StrictArguments : public SimTest {};
 
 const wchar_t* const kDrawing = L"C:\\Projects\\Warehouse 12\\Drawings\\GA-002.dwg";
 
-_variant_t missing() { return _variant_t(DISP_E_PARAMNOTFOUND, VT_ERROR); }
+_variant_t missing()
+{
+    return _variant_t(DISP_E_PARAMNOTFOUND, VT_ERROR);
+}
 
-_variant_t yesNo(VARIANT_BOOL value) { return _variant_t(value, VT_BOOL); }
+_variant_t yesNo(VARIANT_BOOL value)
+{
+    return _variant_t(value, VT_BOOL);
+}
 
 // A layout list whose first index is `lowerBound`.
 _variant_t layoutsFrom(LONG lowerBound)
@@ -28,7 +34,10 @@ _variant_t layoutsFrom(LONG lowerBound)
     return list;
 }
 
-HostPopupMenuPtr firstZorbMenu() { return group(L"ZORB")->GetMenus()->Item(indexOf(VT_I4, 0)); }
+HostPopupMenuPtr firstZorbMenu()
+{
+    return group(L"ZORB")->GetMenus()->Item(indexOf(VT_I4, 0));
+}
 
 struct WrongArgument {
     const char* what;
@@ -62,9 +71,7 @@ std::vector<WrongArgument> wrongArguments()
         {"an enabled flag of 1", E_INVALIDARG,
          [] { return firstZorbMenu()->Item(indexOf(VT_I4, 0))->put_Enabled(1); }},
         {"a visibility of 1", E_INVALIDARG,
-         [] {
-             return group(L"ZORB")->GetToolbars()->Item(indexOf(VT_I4, 0))->put_Visible(1);
-         }},
+         [] { return group(L"ZORB")->GetToolbars()->Item(indexOf(VT_I4, 0))->put_Visible(1); }},
         {"a base-menu flag of VT_I2", DISP_E_TYPEMISMATCH,
          [] {
              HostMenuGroupPtr loaded;
@@ -74,8 +81,8 @@ std::vector<WrongArgument> wrongArguments()
         {"a read-only flag of VT_BOOL", DISP_E_TYPEMISMATCH,
          [] {
              HostDocumentPtr opened;
-             return application()->GetDocuments()->raw_Open(_bstr_t(kDrawing), yesNo(VARIANT_FALSE), missing(),
-                                                            &opened);
+             return application()->GetDocuments()->raw_Open(_bstr_t(kDrawing), yesNo(VARIANT_FALSE),
+                                                            missing(), &opened);
          }},
         {"a read-only flag of VT_I2 1", E_INVALIDARG,
          [] {
@@ -86,8 +93,8 @@ std::vector<WrongArgument> wrongArguments()
         {"a password left out as an empty variant", DISP_E_TYPEMISMATCH,
          [] {
              HostDocumentPtr opened;
-             return application()->GetDocuments()->raw_Open(_bstr_t(kDrawing), indexOf(VT_I2, 0), _variant_t(),
-                                                            &opened);
+             return application()->GetDocuments()->raw_Open(_bstr_t(kDrawing), indexOf(VT_I2, 0),
+                                                            _variant_t(), &opened);
          }},
         {"a layout list from index 1", E_INVALIDARG,
          [] { return application()->GetActiveDocument()->GetPlot()->raw_SetLayoutsToPlot(layoutsFrom(1)); }},
@@ -131,7 +138,8 @@ TEST_F(StrictArguments, TheDocumentedFormsAreTakenAndTheRefusalSaysWhatWasExpect
     opened->Close(indexOf(VT_I2, VARIANT_TRUE), _variant_t(kDrawing));
 
     _com_error refused = failureOf([&] { groups->Item(indexOf(VT_INT, 0)); });
-    EXPECT_EQ(descriptionOf(refused), L"a menu group index is a whole number (VT_I4) or a name (VT_BSTR), not VT_INT");
+    EXPECT_EQ(descriptionOf(refused),
+              L"a menu group index is a whole number (VT_I4) or a name (VT_BSTR), not VT_INT");
 }
 
 TEST_F(StrictArguments, AdditionsBeyondTheEndOfAMenuAreRefusedOrAppendedAsTheHostIsSet)
@@ -155,5 +163,6 @@ TEST_F(StrictArguments, AdditionsBeyondTheEndOfAMenuAreRefusedOrAppendedAsTheHos
 
     // Toolbar buttons are not menu items: beyond the end they are refused either way.
     HostToolbarPtr standard = group(L"ZORB")->GetToolbars()->Item(indexOf(VT_I4, 0));
-    EXPECT_EQ(failureOf([&] { standard->AddButton(indexOf(VT_I4, 999), L"B", L"", L""); }).Error(), E_INVALIDARG);
+    EXPECT_EQ(failureOf([&] { standard->AddButton(indexOf(VT_I4, 999), L"B", L"", L""); }).Error(),
+              E_INVALIDARG);
 }

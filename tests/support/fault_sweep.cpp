@@ -17,14 +17,23 @@ namespace {
 constexpr const char* kGetFrameworkObject = "sdk.zbedGetZorbWinApp";
 constexpr const char* kGetDispatch = "CWinApp.GetIDispatch";
 
-bool isApplicationStep(const std::string& method) { return method == kGetFrameworkObject || method == kGetDispatch; }
+bool isApplicationStep(const std::string& method)
+{
+    return method == kGetFrameworkObject || method == kGetDispatch;
+}
 
 // Calls that give their caller no result: a failure of theirs is nothing the caller could see.
-bool givesNoResult(const std::string& method) { return method == "sdk.zbHeapFree"; }
+bool givesNoResult(const std::string& method)
+{
+    return method == "sdk.zbHeapFree";
+}
 
 // Calls on the host's automation objects report failure by a status, which the caller raises;
 // the SDK functions, the host services and the framework report it by their result.
-bool isAutomationCall(const std::string& method) { return method.rfind("Host", 0) == 0; }
+bool isAutomationCall(const std::string& method)
+{
+    return method.rfind("Host", 0) == 0;
+}
 
 // The calls in the form the expectation gives each: with argument types where it names them.
 std::vector<std::string> callsAsExpected(const std::vector<sim::JournalEntry>& entries,
@@ -44,10 +53,12 @@ using StateHistory = std::vector<sim::HostState>;
 // One way of failing the operation.
 struct FaultSite {
     std::string description;
-    // Set for faults the simulated host arms; string allocation faults are armed on the runtime.
+    // Set for faults the simulated host arms; string allocation and variant copy faults are armed
+    // on the runtime, as the nth call of theirs from now on.
     bool onHost = true;
     sim::Fault fault;
-    unsigned long failedAllocation = 0;
+    enum class RuntimeCall { stringAllocation, variantCopy } runtimeCall = RuntimeCall::stringAllocation;
+    unsigned long failedRuntimeCall = 0;
     // The code a propagated failure must carry.
     HRESULT expectedCode = S_OK;
     // Whether an operation without a handler must raise when the fault reaches it (a failed
@@ -94,17 +105,35 @@ std::string hex(HRESULT code)
 }
 
 #if AUTOMATION_HAS_TEST_HOOKS
-// Whether a string allocation failure armed for the `nth` allocation is still waiting: allocating
-// up to `nth` strings meets it if the run did not. Disarms it either way.
-bool allocationFailureStillArmed(unsigned long nth)
+void armRuntimeFault(const FaultSite& site)
+{
+    if (site.runtimeCall == FaultSite::RuntimeCall::stringAllocation)
+        automation_testing::failStringAllocation(site.failedRuntimeCall);
+    else
+        automation_testing::failVariantCopy(site.failedRuntimeCall, kInjectedStatus);
+}
+
+// Whether a runtime failure armed for the `nth` call is still waiting: making up to `nth` such
+// calls meets it if the run did not. Disarms it either way.
+bool runtimeFailureStillArmed(const FaultSite& site)
 {
     bool armed = false;
-    for (unsigned long i = 0; i < nth && !armed; ++i) {
-        BSTR probe = SysAllocString(L"probe");
-        armed = probe == nullptr;
-        SysFreeString(probe);
+    for (unsigned long i = 0; i < site.failedRuntimeCall && !armed; ++i) {
+        if (site.runtimeCall == FaultSite::RuntimeCall::stringAllocation) {
+            BSTR probe = SysAllocString(L"probe");
+            armed = probe == nullptr;
+            SysFreeString(probe);
+        }
+        else {
+            VARIANT source;
+            VARIANT probe;
+            VariantInit(&source);
+            VariantInit(&probe);
+            armed = FAILED(VariantCopy(&probe, &source));
+        }
     }
     automation_testing::failStringAllocation(0);
+    automation_testing::failVariantCopy(0, S_OK);
     return armed;
 }
 #endif
@@ -124,8 +153,9 @@ sim::HostState strictly(sim::HostState state)
     return state;
 }
 
-// More string allocations than any one operation makes: a sweep that gets here would not end.
-constexpr unsigned long kMostStringAllocations = 10000;
+// More string allocations or variant copies than any one operation makes: a sweep that gets here
+// would not end.
+constexpr unsigned long kMostRuntimeCalls = 10000;
 
 class Sweep {
 public:
@@ -141,29 +171,41 @@ public:
             report.faultsReached += runWithFault(site) ? 1 : 0;
         }
 #if AUTOMATION_HAS_TEST_HOOKS
-        // Each allocation in turn, until a run no longer reaches the armed one.
-        for (unsigned long nth = 1;; ++nth) {
-            if (nth > kMostStringAllocations) {
-                ADD_FAILURE() << "the operation still allocates strings after " << kMostStringAllocations;
-                break;
-            }
-            FaultSite site;
-            site.description = "string allocation " + std::to_string(nth) + " fails";
-            site.onHost = false;
-            site.failedAllocation = nth;
-            site.expectedCode = E_OUTOFMEMORY;
-            // An operation whose helpers catch may have met the failure inside one of them.
-            site.mustRaise = m_operation.caughtInside.empty();
-            ++report.faultSites;
-            if (!runWithFault(site))
-                break;
-            ++report.faultsReached;
-        }
+        for (const auto call :
+             {FaultSite::RuntimeCall::stringAllocation, FaultSite::RuntimeCall::variantCopy})
+            sweepRuntimeCalls(call, report);
 #endif
         return report;
     }
 
 private:
+#if AUTOMATION_HAS_TEST_HOOKS
+    // Each string allocation or variant copy in turn, until a run no longer reaches the armed one.
+    void sweepRuntimeCalls(FaultSite::RuntimeCall call, SweepReport& report)
+    {
+        const bool allocation = call == FaultSite::RuntimeCall::stringAllocation;
+        for (unsigned long nth = 1;; ++nth) {
+            if (nth > kMostRuntimeCalls) {
+                ADD_FAILURE() << "the operation still makes runtime calls after " << kMostRuntimeCalls;
+                return;
+            }
+            FaultSite site;
+            site.description =
+                (allocation ? "string allocation " : "variant copy ") + std::to_string(nth) + " fails";
+            site.onHost = false;
+            site.runtimeCall = call;
+            site.failedRuntimeCall = nth;
+            site.expectedCode = allocation ? E_OUTOFMEMORY : kInjectedStatus;
+            // An operation whose helpers catch may have met the failure inside one of them.
+            site.mustRaise = m_operation.caughtInside.empty();
+            ++report.faultSites;
+            if (!runWithFault(site))
+                return;
+            ++report.faultsReached;
+        }
+    }
+#endif
+
     std::vector<sim::JournalEntry> runUndisturbed()
     {
         SCOPED_TRACE("undisturbed");
@@ -171,14 +213,16 @@ private:
         const Leftovers leftovers(host);
         host.journal().clear();
         m_history = {sim::clone(host.state())};
-        host.journal().setObserver([&](const sim::JournalEntry&) { m_history.push_back(sim::clone(host.state())); });
+        host.journal().setObserver(
+            [&](const sim::JournalEntry&) { m_history.push_back(sim::clone(host.state())); });
         const RunOutcome outcome = runGuarded(m_operation);
         host.journal().setObserver(nullptr);
         expectNoExceptionEscaped(outcome);
         if (!outcome.raised && !outcome.raisedOther)
             m_operation.expectSuccess(host);
         if (m_operation.hostCalls) {
-            EXPECT_EQ(callsAsExpected(host.journal().entries(), *m_operation.hostCalls), *m_operation.hostCalls);
+            EXPECT_EQ(callsAsExpected(host.journal().entries(), *m_operation.hostCalls),
+                      *m_operation.hostCalls);
         }
         leftovers.expectNone(host);
         return host.journal().entries();
@@ -229,11 +273,12 @@ private:
             // its own: refusing it leaves the host as the dispatch call did.
             const size_t afterDispatch = firstDispatchCall ? *firstDispatchCall + 1 : *firstFrameworkCall;
             for (const auto& [kind, description, strikes] :
-                 {std::tuple{sim::FaultKind::noFrameworkObject, "the host has no framework object", *firstFrameworkCall},
+                 {std::tuple{sim::FaultKind::noFrameworkObject, "the host has no framework object",
+                             *firstFrameworkCall},
                   std::tuple{sim::FaultKind::noDispatch, "the framework object gives no dispatch",
                              firstDispatchCall.value_or(*firstFrameworkCall)},
-                  std::tuple{sim::FaultKind::refuseApplicationInterface, "the application interface is refused",
-                             afterDispatch}}) {
+                  std::tuple{sim::FaultKind::refuseApplicationInterface,
+                             "the application interface is refused", afterDispatch}}) {
                 FaultSite site;
                 site.description = description;
                 site.fault = faultOfKind(kind);
@@ -256,12 +301,11 @@ private:
             host.armFault(site.fault);
 #if AUTOMATION_HAS_TEST_HOOKS
         else
-            automation_testing::failStringAllocation(site.failedAllocation);
+            armRuntimeFault(site);
 #endif
         const RunOutcome outcome = runGuarded(m_operation);
 #if AUTOMATION_HAS_TEST_HOOKS
-        const bool reached =
-            site.onHost ? faultReached(host) : !allocationFailureStillArmed(site.failedAllocation);
+        const bool reached = site.onHost ? faultReached(host) : !runtimeFailureStillArmed(site);
 #else
         const bool reached = faultReached(host);
 #endif
@@ -273,7 +317,8 @@ private:
         return reached;
     }
 
-    void checkOutcome(const FaultSite& site, bool reached, const RunOutcome& outcome, const sim::Host& host) const
+    void checkOutcome(const FaultSite& site, bool reached, const RunOutcome& outcome,
+                      const sim::Host& host) const
     {
         if (outcome.raisedOther) {
             ADD_FAILURE() << "an exception other than the automation failure escaped: " << outcome.otherWhat;
@@ -303,7 +348,8 @@ private:
             return;
         }
         if (outcome.raised) {
-            EXPECT_EQ(hex(outcome.code), hex(site.expectedCode)) << "the failure reached the caller with another code";
+            EXPECT_EQ(hex(outcome.code), hex(site.expectedCode))
+                << "the failure reached the caller with another code";
             return;
         }
         EXPECT_FALSE(site.mustRaise) << "the failure did not reach the caller";
@@ -311,7 +357,10 @@ private:
             m_operation.expectFailure(host);
     }
 
-    bool isCaughtInside(const std::string& method) const { return isListed(m_operation.caughtInside, method); }
+    bool isCaughtInside(const std::string& method) const
+    {
+        return isListed(m_operation.caughtInside, method);
+    }
 
     static bool isListed(const std::vector<std::string>& methods, const std::string& method)
     {
@@ -352,10 +401,12 @@ private:
         const nlohmann::json initial = sim::stateToJson(m_history.front());
         const std::vector<std::string> allowed = changedPlaces(initial, sim::stateToJson(m_history.back()));
         for (const std::string& place : changedPlaces(initial, sim::stateToJson(after))) {
-            const bool within = std::any_of(allowed.begin(), allowed.end(), [&](const std::string& undisturbed) {
-                return place.rfind(undisturbed, 0) == 0 || undisturbed.rfind(place, 0) == 0;
-            });
-            EXPECT_TRUE(within) << "the failed run changed " << place << ", which the undisturbed run left alone";
+            const bool within =
+                std::any_of(allowed.begin(), allowed.end(), [&](const std::string& undisturbed) {
+                    return place.rfind(undisturbed, 0) == 0 || undisturbed.rfind(place, 0) == 0;
+                });
+            EXPECT_TRUE(within) << "the failed run changed " << place
+                                << ", which the undisturbed run left alone";
         }
     }
 
@@ -383,7 +434,8 @@ private:
     {
         if (allowed == after)
             return;
-        ADD_FAILURE() << "the host is not " << what << "; the differences, as a JSON patch to the allowed state: "
+        ADD_FAILURE() << "the host is not " << what
+                      << "; the differences, as a JSON patch to the allowed state: "
                       << nlohmann::json::diff(sim::stateToJson(allowed), sim::stateToJson(after)).dump();
     }
 
@@ -412,7 +464,8 @@ std::string sweptOperationName(const SweptOperation& operation)
     std::string name;
     for (char c : operation.name)
         name += std::isalnum(static_cast<unsigned char>(c)) ? c : '_';
-    name.erase(std::unique(name.begin(), name.end(), [](char a, char b) { return a == '_' && b == '_'; }), name.end());
+    name.erase(std::unique(name.begin(), name.end(), [](char a, char b) { return a == '_' && b == '_'; }),
+               name.end());
     return name;
 }
 

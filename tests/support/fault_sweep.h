@@ -1,8 +1,8 @@
 // The fault sweep: an operation is run once undisturbed on a strict simulated host, then once for
 // each way the host can fail it (each host call it made failed in turn, each object it was given
 // withheld, no framework object, no dispatch, the application interface refused, each automation
-// string allocation failed in turn where the runtime allows it). After every run the operation
-// must have answered as its failure handling says, left the host as that handling allows, and left
+// string allocation and each variant copy failed in turn where the runtime allows it). After every run the
+// operation must have answered as its failure handling says, left the host as that handling allows, and left
 // nothing behind.
 #pragma once
 
@@ -43,7 +43,8 @@ struct SweptOperation {
     AfterFailure afterFailure = AfterFailure::stopsThere;
 
     // Host methods (journal form) whose failure a helper of a `propagated` operation catches, so
-    // that the operation may return normally after them (and after a string allocation failure).
+    // that the operation may return normally after them (and after a failed string allocation or variant
+    // copy).
     std::vector<std::string> caughtInside;
 
     // Host methods whose failure or withheld object the operation passes over (a position the host
@@ -91,9 +92,9 @@ inline std::ostream& operator<<(std::ostream& out, const SweptOperation& operati
 std::string sweptOperationName(const SweptOperation& operation);
 
 struct SweepReport {
-    std::size_t hostCalls = 0;     // calls of the undisturbed run
-    std::size_t faultSites = 0;    // runs with a fault armed
-    std::size_t faultsReached = 0; // of those, runs the fault actually reached
+    std::size_t hostCalls = 0;      // calls of the undisturbed run
+    std::size_t faultSites = 0;     // runs with a fault armed
+    std::size_t faultsReached = 0;  // of those, runs the fault actually reached
 };
 
 // Runs the sweep, adding GoogleTest failures that name the fault.

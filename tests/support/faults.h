@@ -44,9 +44,18 @@ inline sim::Fault answering(std::string method, sim::Answer answer, int nth = 0,
     return fault;
 }
 
-inline sim::Answer rawNumber(long long number) { return {sim::Answer::Kind::number, number}; }
-inline sim::Answer nullAnswer() { return {sim::Answer::Kind::null, 0}; }
-inline sim::Answer hostValue() { return {}; }
+inline sim::Answer rawNumber(long long number)
+{
+    return {sim::Answer::Kind::number, number};
+}
+inline sim::Answer nullAnswer()
+{
+    return {sim::Answer::Kind::null, 0};
+}
+inline sim::Answer hostValue()
+{
+    return {};
+}
 
 // A fault of a kind that names no method: no framework object, no dispatch, the application
 // interface refused, a string allocation failed.

@@ -27,7 +27,8 @@ void Leftovers::expectNone(const sim::Host& host) const
     EXPECT_EQ(host.buffersHeld(), m_buffersHeldBefore) << "host buffers were not given back";
     EXPECT_EQ(liveAutomationStrings(), m_liveStringsBefore) << "automation strings were leaked";
     for (const MxtAssert::Report& report : MxtAssert::reports())
-        ADD_FAILURE() << "contract report: " << report.condition << " at " << report.path << ':' << report.line;
+        ADD_FAILURE() << "contract report: " << report.condition << " at " << report.path << ':'
+                      << report.line;
 }
 
 }  // namespace module_testing

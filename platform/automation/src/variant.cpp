@@ -38,7 +38,8 @@ HRESULT duplicateOwned(VARIANT* copy)
         return SafeArrayCopy(V_ARRAY(copy), &V_ARRAY(copy));
     if (V_VT(copy) == VT_BSTR) {
         // As on the platform, a null string is copied as an allocated empty one.
-        V_BSTR(copy) = SysAllocStringByteLen(reinterpret_cast<LPCSTR>(V_BSTR(copy)), SysStringByteLen(V_BSTR(copy)));
+        V_BSTR(copy) =
+            SysAllocStringByteLen(reinterpret_cast<LPCSTR>(V_BSTR(copy)), SysStringByteLen(V_BSTR(copy)));
         return V_BSTR(copy) != nullptr ? S_OK : E_OUTOFMEMORY;
     }
     if (holdsInterface(copy))
@@ -48,7 +49,10 @@ HRESULT duplicateOwned(VARIANT* copy)
 
 }  // namespace
 
-void VariantInit(VARIANTARG* variant) { V_VT(variant) = VT_EMPTY; }
+void VariantInit(VARIANTARG* variant)
+{
+    V_VT(variant) = VT_EMPTY;
+}
 
 HRESULT VariantClear(VARIANTARG* variant)
 {

@@ -40,12 +40,12 @@ struct Answer {
 
 struct Fault {
     FaultKind kind = FaultKind::failCall;
-    std::string method;   // failCall, nullObject, answer: "HostMenuGroups.Item", "sdk.zbedFindFile"
-    std::string object;   // empty: any object; else the object's journal name must contain it
-    int nth = 0;          // 0: every matching call; n: only the n-th matching call after arming
+    std::string method;  // failCall, nullObject, answer: "HostMenuGroups.Item", "sdk.zbedFindFile"
+    std::string object;  // empty: any object; else the object's journal name must contain it
+    int nth = 0;         // 0: every matching call; n: only the n-th matching call after arming
     // failCall, failVariantCopy: the failing status; answer: the success status (S_OK, S_FALSE ...).
     HRESULT status = E_FAIL;
-    Answer answer;        // answer faults only
+    Answer answer;              // answer faults only
     int matchingCallsSeen = 0;  // kept by the host as calls arrive
 
     SIM_API bool operator==(const Fault& other) const;

@@ -17,10 +17,11 @@ struct JournalArgument {
 };
 
 struct JournalEntry {
-    std::string object;   // the host object: "HostMenuGroup 'MX'"; "sdk" for SDK functions
-    std::string method;   // "Interface.method": "HostMenuGroups.Item", "HostToolbar.put_Visible", "sdk.zbedGetVar"
+    std::string object;  // the host object: "HostMenuGroup 'MX'"; "sdk" for SDK functions
+    std::string
+        method;  // "Interface.method": "HostMenuGroups.Item", "HostToolbar.put_Visible", "sdk.zbedGetVar"
     std::vector<JournalArgument> arguments;
-    HRESULT status = S_OK;  // SDK functions: S_OK, or E_FAIL when they reported failure
+    HRESULT status = S_OK;    // SDK functions: S_OK, or E_FAIL when they reported failure
     bool gaveObject = false;  // the call gave its caller an object (which a nullObject fault could withhold)
 };
 

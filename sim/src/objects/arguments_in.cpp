@@ -7,10 +7,19 @@
 namespace sim::detail {
 namespace {
 
-std::wstring typeName(VARTYPE type) { return *text::fromUtf8(variantTypeName(type)); }
-std::wstring typeName(const VARIANT& value) { return typeName(V_VT(&value)); }
+std::wstring typeName(VARTYPE type)
+{
+    return *text::fromUtf8(variantTypeName(type));
+}
+std::wstring typeName(const VARIANT& value)
+{
+    return typeName(V_VT(&value));
+}
 
-bool strict(const Call& call) { return call.state().behaviour.strictArguments; }
+bool strict(const Call& call)
+{
+    return call.state().behaviour.strictArguments;
+}
 
 std::optional<long long> wholeNumber(const VARIANT& value)
 {
@@ -43,7 +52,8 @@ template <class Element> struct ArrayContents {
 
 template <class Element> std::optional<ArrayContents<Element>> contentsOf(const VARIANT& value, VARTYPE type)
 {
-    if (V_VT(&value) != (VT_ARRAY | type) || V_ARRAY(&value) == nullptr || SafeArrayGetDim(V_ARRAY(&value)) != 1)
+    if (V_VT(&value) != (VT_ARRAY | type) || V_ARRAY(&value) == nullptr ||
+        SafeArrayGetDim(V_ARRAY(&value)) != 1)
         return std::nullopt;
     SAFEARRAY* array = V_ARRAY(&value);
     LONG lower = 0;
@@ -54,7 +64,8 @@ template <class Element> std::optional<ArrayContents<Element>> contentsOf(const 
     if (FAILED(SafeArrayAccessData(array, &data)))
         return std::nullopt;
     ArrayContents<Element> contents;
-    contents.elements.assign(static_cast<const Element*>(data), static_cast<const Element*>(data) + (upper - lower + 1));
+    contents.elements.assign(static_cast<const Element*>(data),
+                             static_cast<const Element*>(data) + (upper - lower + 1));
     contents.lowerBound = lower;
     SafeArrayUnaccessData(array);
     return contents;
@@ -66,7 +77,8 @@ bool refusesLowerBound(Call& call, const ArrayContents<Element>& contents, const
 {
     if (!strict(call) || contents.lowerBound == 0)
         return false;
-    call.fail(E_INVALIDARG, L"the " + what + L" starts at index 0, not " + std::to_wstring(contents.lowerBound));
+    call.fail(E_INVALIDARG,
+              L"the " + what + L" starts at index 0, not " + std::to_wstring(contents.lowerBound));
     return true;
 }
 
@@ -75,7 +87,10 @@ std::wstring wholeNumberTypes(const Call& call, VARTYPE positionType)
     return strict(call) ? typeName(positionType) : L"VT_I2, VT_I4, VT_INT";
 }
 
-bool isYesNoValue(long long value) { return value == VARIANT_TRUE || value == VARIANT_FALSE; }
+bool isYesNoValue(long long value)
+{
+    return value == VARIANT_TRUE || value == VARIANT_FALSE;
+}
 
 }  // namespace
 
@@ -105,8 +120,8 @@ HRESULT refuseIndex(Call& call, const CollectionIndex& index, const VARIANT& giv
         break;
     }
     return call.fail(DISP_E_TYPEMISMATCH, L"a " + what + L" index is a whole number (" +
-                                              wholeNumberTypes(call, positionType) + L") or a name (VT_BSTR), not " +
-                                              typeName(given));
+                                              wholeNumberTypes(call, positionType) +
+                                              L") or a name (VT_BSTR), not " + typeName(given));
 }
 
 bool findInsertion(Call& call, const VARIANT& given, VARTYPE positionType, size_t count, BeyondEnd beyond,
@@ -115,7 +130,8 @@ bool findInsertion(Call& call, const VARIANT& given, VARTYPE positionType, size_
     const auto number = position(call, given, positionType);
     if (!number) {
         call.fail(DISP_E_TYPEMISMATCH, L"the index to add a " + what + L" at is a whole number (" +
-                                           wholeNumberTypes(call, positionType) + L"), not " + typeName(given));
+                                           wholeNumberTypes(call, positionType) + L"), not " +
+                                           typeName(given));
         return false;
     }
     const long long last = static_cast<long long>(count);
@@ -156,7 +172,8 @@ bool isMissing(const Call& call, const VARIANT& given)
     return V_VT(&given) == VT_EMPTY && !strict(call);
 }
 
-bool readOptionalYesNo(Call& call, const VARIANT& given, VARTYPE flagType, const std::wstring& what, bool& value)
+bool readOptionalYesNo(Call& call, const VARIANT& given, VARTYPE flagType, const std::wstring& what,
+                       bool& value)
 {
     if (isMissing(call, given))
         return true;
@@ -169,7 +186,8 @@ bool readOptionalYesNo(Call& call, const VARIANT& given, VARTYPE flagType, const
         }
         const long long number = flagType == VT_BOOL ? V_BOOL(&given) : *wholeNumber(given);
         if (!isYesNoValue(number)) {
-            call.fail(E_INVALIDARG, L"the " + what + L" is -1 (yes) or 0 (no), not " + std::to_wstring(number));
+            call.fail(E_INVALIDARG,
+                      L"the " + what + L" is -1 (yes) or 0 (no), not " + std::to_wstring(number));
             return false;
         }
         value = number != 0;

@@ -79,7 +79,8 @@ bool isMissing(const Call& call, const VARIANT& given);
 // A yes/no argument of the documented type `flagType` (VT_BOOL or VT_I2) holding -1 or 0; a
 // forgiving host takes VT_BOOL or any whole number, non-zero being yes. Left out, it stays
 // as it is.
-bool readOptionalYesNo(Call& call, const VARIANT& given, VARTYPE flagType, const std::wstring& what, bool& value);
+bool readOptionalYesNo(Call& call, const VARIANT& given, VARTYPE flagType, const std::wstring& what,
+                       bool& value);
 
 // A yes/no value written to a property: -1 or 0 (a forgiving host takes any non-zero as yes).
 bool readFlag(Call& call, VARIANT_BOOL given, const std::wstring& what, bool& value);

@@ -49,7 +49,8 @@ public:
             return call.status();
         const auto& documents = state().documents;
         size_t position = 0;
-        if (!findPosition(call, index, kDocumentPosition, documents, L"open drawing", namesDocument, position))
+        if (!findPosition(call, index, kDocumentPosition, documents, L"open drawing", namesDocument,
+                          position))
             return call.status();
         return call.giveObject(document, [&] { return newDocument(sharedCore(), documents[position]); });
     }
@@ -178,7 +179,10 @@ private:
 
 }  // namespace
 
-HostDocuments* newDocuments(const CorePtr& core) { return new DocumentsObject(core); }
+HostDocuments* newDocuments(const CorePtr& core)
+{
+    return new DocumentsObject(core);
+}
 
 HostDocument* newDocument(const CorePtr& core, const std::shared_ptr<Document>& document)
 {

@@ -30,7 +30,8 @@ public:
             return call.status();
         const auto& groups = state().menuGroups;
         size_t position = 0;
-        if (!findPosition(call, index, kMenuPosition, groups, L"menu group", namedBy(&MenuGroup::name), position))
+        if (!findPosition(call, index, kMenuPosition, groups, L"menu group", namedBy(&MenuGroup::name),
+                          position))
             return call.status();
         return call.giveObject(group, [&] { return newMenuGroup(sharedCore(), groups[position]); });
     }
@@ -128,7 +129,10 @@ private:
 
 }  // namespace
 
-HostMenuGroups* newMenuGroups(const CorePtr& core) { return new MenuGroupsObject(core); }
+HostMenuGroups* newMenuGroups(const CorePtr& core)
+{
+    return new MenuGroupsObject(core);
+}
 
 HostMenuGroup* newMenuGroup(const CorePtr& core, const std::shared_ptr<MenuGroup>& group)
 {

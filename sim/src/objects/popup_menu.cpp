@@ -68,7 +68,8 @@ public:
             return call.status();
         const auto& items = m_place.menu->items;
         size_t position = 0;
-        if (!findPosition(call, index, kMenuPosition, items, L"menu item", namedBy(&PopupMenuItem::label), position))
+        if (!findPosition(call, index, kMenuPosition, items, L"menu item", namedBy(&PopupMenuItem::label),
+                          position))
             return call.status();
         return call.giveObject(item,
                                [&] { return newPopupMenuItem(sharedCore(), m_place, items[position]); });
@@ -165,8 +166,8 @@ private:
     {
         auto& items = m_place.menu->items;
         size_t at = 0;
-        if (!findInsertion(call, index, kMenuPosition, items.size(), state().behaviour.menuIndexBeyondEnd, what,
-                           at))
+        if (!findInsertion(call, index, kMenuPosition, items.size(), state().behaviour.menuIndexBeyondEnd,
+                           what, at))
             return call.status();
         if (call.givesNull())
             return call.succeed();

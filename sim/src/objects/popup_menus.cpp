@@ -30,7 +30,8 @@ public:
         if (call.refused() || !call.accepts(menu))
             return call.status();
         size_t position = 0;
-        if (!findPosition(call, index, kMenuPosition, m_group->menus, L"menu", namedBy(&PopupMenu::name), position))
+        if (!findPosition(call, index, kMenuPosition, m_group->menus, L"menu", namedBy(&PopupMenu::name),
+                          position))
             return call.status();
         const auto& found = m_group->menus[position];
         return call.giveObject(menu, [&] {
@@ -83,8 +84,8 @@ public:
         if (call.refused() || !call.accepts(menu))
             return call.status();
         size_t position = 0;
-        if (!findPosition(call, index, kMenuPosition, state().menuBar, L"menu on the menu bar", namedBy(&PopupMenu::name),
-                          position))
+        if (!findPosition(call, index, kMenuPosition, state().menuBar, L"menu on the menu bar",
+                          namedBy(&PopupMenu::name), position))
             return call.status();
         const auto& found = state().menuBar[position];
         return call.giveObject(menu, [&] {
@@ -103,6 +104,9 @@ HostPopupMenus* newPopupMenus(const CorePtr& core, const std::shared_ptr<MenuGro
     return group ? new PopupMenusObject(core, group) : nullptr;
 }
 
-HostMenuBar* newMenuBar(const CorePtr& core) { return new MenuBarObject(core); }
+HostMenuBar* newMenuBar(const CorePtr& core)
+{
+    return new MenuBarObject(core);
+}
 
 }  // namespace sim::detail

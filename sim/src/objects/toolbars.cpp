@@ -31,7 +31,8 @@ public:
             return call.status();
         const auto& toolbars = m_group->toolbars;
         size_t position = 0;
-        if (!findPosition(call, index, kToolbarPosition, toolbars, L"toolbar", namedBy(&Toolbar::name), position))
+        if (!findPosition(call, index, kToolbarPosition, toolbars, L"toolbar", namedBy(&Toolbar::name),
+                          position))
             return call.status();
         return call.giveObject(toolbar, [&] {
             return newToolbar(sharedCore(), ToolbarPlace{m_group, toolbars[position]});
@@ -145,7 +146,8 @@ public:
             return call.status();
         const auto& buttons = toolbar().buttons;
         size_t position = 0;
-        if (!findPosition(call, index, kToolbarPosition, buttons, L"toolbar button", namedBy(&ToolbarButton::name), position))
+        if (!findPosition(call, index, kToolbarPosition, buttons, L"toolbar button",
+                          namedBy(&ToolbarButton::name), position))
             return call.status();
         return call.giveObject(button,
                                [&] { return newToolbarItem(sharedCore(), m_place, buttons[position]); });
@@ -162,8 +164,8 @@ public:
             return call.fail(E_INVALIDARG, L"a toolbar button needs a name");
         auto& buttons = toolbar().buttons;
         size_t at = 0;
-        if (!findInsertion(call, index, kToolbarPosition, buttons.size(), BeyondEnd::refuse, L"toolbar button",
-                           at))
+        if (!findInsertion(call, index, kToolbarPosition, buttons.size(), BeyondEnd::refuse,
+                           L"toolbar button", at))
             return call.status();
         if (call.givesNull())
             return call.succeed();
