@@ -1,9 +1,11 @@
 // The simulated host's state: plain data that tests arrange and inspect, and that JSON loads and
 // dumps. Nodes that host objects stand for (groups, menus, items, toolbars, buttons, documents)
 // are held by shared pointers so that a host object keeps its node while a caller references it,
-// even after the node left the model (it then fails its calls).
+// even after the node left the model (it then fails its calls). Every struct compares deeply with
+// `==`: a node compares by its content, and a null node equals only a null one.
 #pragma once
 
+#include "sim/export.h"
 #include "sim/faults.h"
 
 #include <map>
@@ -25,12 +27,18 @@ struct PopupMenuItem {
     std::wstring tag;
     bool enabled = true;
     std::shared_ptr<PopupMenu> subMenu;  // set exactly when type is submenu
+
+    SIM_API bool operator==(const PopupMenuItem& other) const;
+    bool operator!=(const PopupMenuItem& other) const { return !(*this == other); }
 };
 
 struct PopupMenu {
     std::wstring name;
     std::wstring tag;
     std::vector<std::shared_ptr<PopupMenuItem>> items;
+
+    SIM_API bool operator==(const PopupMenu& other) const;
+    bool operator!=(const PopupMenu& other) const { return !(*this == other); }
 };
 
 struct ToolbarButton {
@@ -42,6 +50,9 @@ struct ToolbarButton {
     std::wstring largeBitmap;
     // The toolbar attached to the button's flyout: (menu group name, toolbar name), if any.
     std::optional<std::pair<std::wstring, std::wstring>> flyout;
+
+    SIM_API bool operator==(const ToolbarButton& other) const;
+    bool operator!=(const ToolbarButton& other) const { return !(*this == other); }
 };
 
 // The host's dock-status numbering: 0 top, 1 bottom, 2 left, 3 right, 4 floating.
@@ -56,22 +67,34 @@ struct Toolbar {
     long top = 0;
     long floatingRows = 1;
     std::vector<std::shared_ptr<ToolbarButton>> buttons;
+
+    SIM_API bool operator==(const Toolbar& other) const;
+    bool operator!=(const Toolbar& other) const { return !(*this == other); }
 };
 
 struct MenuGroup {
     std::wstring name;
     std::vector<std::shared_ptr<PopupMenu>> menus;
     std::vector<std::shared_ptr<Toolbar>> toolbars;
+
+    SIM_API bool operator==(const MenuGroup& other) const;
+    bool operator!=(const MenuGroup& other) const { return !(*this == other); }
 };
 
 struct PlotWindow {
     double lowerLeftX = 0, lowerLeftY = 0, upperRightX = 0, upperRightY = 0;
+
+    SIM_API bool operator==(const PlotWindow& other) const;
+    bool operator!=(const PlotWindow& other) const { return !(*this == other); }
 };
 
 struct Layout {
     std::wstring name;
     long plotType = 0;
     std::optional<PlotWindow> window;
+
+    SIM_API bool operator==(const Layout& other) const;
+    bool operator!=(const Layout& other) const { return !(*this == other); }
 };
 
 // What a document's plot object was told before it plotted.
@@ -80,12 +103,18 @@ struct PlotSettings {
     bool quietErrorMode = false;
     long batchEntries = 0;  // 0 when batch mode was not started
     std::vector<std::wstring> layoutsToPlot;
+
+    SIM_API bool operator==(const PlotSettings& other) const;
+    bool operator!=(const PlotSettings& other) const { return !(*this == other); }
 };
 
 struct Document {
     std::wstring fullFileName;
     std::shared_ptr<Layout> activeLayout;  // null: the document has no active layout
     PlotSettings plot;
+
+    SIM_API bool operator==(const Document& other) const;
+    bool operator!=(const Document& other) const { return !(*this == other); }
 };
 
 // One plot sent to a device.
@@ -96,10 +125,16 @@ struct PlotJob {
     long numberOfCopies = 1;
     long plotType = 0;                     // of the active layout at the time
     std::optional<PlotWindow> window;      // of the active layout at the time
+
+    SIM_API bool operator==(const PlotJob& other) const;
+    bool operator!=(const PlotJob& other) const { return !(*this == other); }
 };
 
 struct ZoomRequest {
     double lowerLeftX = 0, lowerLeftY = 0, upperRightX = 0, upperRightY = 0;
+
+    SIM_API bool operator==(const ZoomRequest& other) const;
+    bool operator!=(const ZoomRequest& other) const { return !(*this == other); }
 };
 
 struct PreferencesFiles {
@@ -107,6 +142,9 @@ struct PreferencesFiles {
     std::wstring printerStyleSheetPath;
     std::wstring templateDrawingFolder;
     std::wstring drawingPath;
+
+    SIM_API bool operator==(const PreferencesFiles& other) const;
+    bool operator!=(const PreferencesFiles& other) const { return !(*this == other); }
 };
 
 // How forgiving the host is with what its callers pass.
@@ -121,6 +159,9 @@ struct HostBehaviour {
     bool strictArguments = false;
     // Adding a menu item, separator or submenu, or a menu to the menu bar, beyond the end.
     BeyondEnd menuIndexBeyondEnd = BeyondEnd::refuse;
+
+    SIM_API bool operator==(const HostBehaviour& other) const;
+    bool operator!=(const HostBehaviour& other) const { return !(*this == other); }
 };
 
 struct HostState {
@@ -144,11 +185,12 @@ struct HostState {
     std::map<std::wstring, std::shared_ptr<MenuGroup>> menuFiles;
     std::wstring mxSupportFolder;                            // the MX settings' support folder
     std::vector<Fault> faults;                               // armed, in the order armed
-};
 
-// Deep comparison: equal content, whatever the node identities.
-SIM_API bool operator==(const HostState& a, const HostState& b);
-inline bool operator!=(const HostState& a, const HostState& b) { return !(a == b); }
+    // Relations between nodes (the menu bar's menus, the active document) compare by where their
+    // node sits, not by identity.
+    SIM_API bool operator==(const HostState& other) const;
+    bool operator!=(const HostState& other) const { return !(*this == other); }
+};
 
 // A deep copy whose nodes share nothing with the original.
 SIM_API HostState clone(const HostState& state);

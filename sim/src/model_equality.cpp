@@ -1,0 +1,165 @@
+// Deep comparison of the model: nodes compare by content, whatever their identities.
+#include "sim/model.h"
+
+#include <algorithm>
+
+namespace sim {
+namespace {
+
+template <class Node> bool sameNode(const std::shared_ptr<Node>& a, const std::shared_ptr<Node>& b)
+{
+    return a && b ? *a == *b : !a && !b;
+}
+
+template <class Node>
+bool sameNodes(const std::vector<std::shared_ptr<Node>>& a, const std::vector<std::shared_ptr<Node>>& b)
+{
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(), sameNode<Node>);
+}
+
+// Where a menu-bar menu sits among the loaded groups' menus: (group, menu), or (-1, -1).
+std::pair<long, long> placeOfMenu(const HostState& state, const PopupMenu* menu)
+{
+    for (size_t g = 0; g < state.menuGroups.size(); ++g) {
+        if (!state.menuGroups[g] || !menu)
+            continue;
+        const auto& menus = state.menuGroups[g]->menus;
+        for (size_t m = 0; m < menus.size(); ++m)
+            if (menus[m].get() == menu)
+                return {static_cast<long>(g), static_cast<long>(m)};
+    }
+    return {-1, -1};
+}
+
+long positionOfDocument(const HostState& state, const Document* document)
+{
+    for (size_t i = 0; i < state.documents.size(); ++i)
+        if (state.documents[i].get() == document)
+            return static_cast<long>(i);
+    return -1;
+}
+
+// A menu of a group compares by its place; a menu outside every group by its content.
+bool sameMenuBar(const HostState& a, const HostState& b)
+{
+    if (a.menuBar.size() != b.menuBar.size())
+        return false;
+    for (size_t i = 0; i < a.menuBar.size(); ++i) {
+        const auto place = placeOfMenu(a, a.menuBar[i].get());
+        if (place != placeOfMenu(b, b.menuBar[i].get()))
+            return false;
+        if (place.first < 0 && !sameNode(a.menuBar[i], b.menuBar[i]))
+            return false;
+    }
+    return true;
+}
+
+// An open document compares by its position; a drawing outside the collection by its content.
+bool sameActiveDocument(const HostState& a, const HostState& b)
+{
+    if (!a.activeDocument || !b.activeDocument)
+        return !a.activeDocument && !b.activeDocument;
+    const long position = positionOfDocument(a, a.activeDocument.get());
+    if (position != positionOfDocument(b, b.activeDocument.get()))
+        return false;
+    return position >= 0 || *a.activeDocument == *b.activeDocument;
+}
+
+bool sameMenuFiles(const HostState& a, const HostState& b)
+{
+    return std::equal(a.menuFiles.begin(), a.menuFiles.end(), b.menuFiles.begin(), b.menuFiles.end(),
+                      [](const auto& left, const auto& right) {
+                          return left.first == right.first && sameNode(left.second, right.second);
+                      });
+}
+
+}  // namespace
+
+bool PopupMenuItem::operator==(const PopupMenuItem& other) const
+{
+    return type == other.type && label == other.label && macro == other.macro && tag == other.tag &&
+           enabled == other.enabled && sameNode(subMenu, other.subMenu);
+}
+
+bool PopupMenu::operator==(const PopupMenu& other) const
+{
+    return name == other.name && tag == other.tag && sameNodes(items, other.items);
+}
+
+bool ToolbarButton::operator==(const ToolbarButton& other) const
+{
+    return name == other.name && tag == other.tag && macro == other.macro && helpString == other.helpString &&
+           smallBitmap == other.smallBitmap && largeBitmap == other.largeBitmap && flyout == other.flyout;
+}
+
+bool Toolbar::operator==(const Toolbar& other) const
+{
+    return name == other.name && tag == other.tag && visible == other.visible &&
+           dockStatus == other.dockStatus && left == other.left && top == other.top &&
+           floatingRows == other.floatingRows && sameNodes(buttons, other.buttons);
+}
+
+bool MenuGroup::operator==(const MenuGroup& other) const
+{
+    return name == other.name && sameNodes(menus, other.menus) && sameNodes(toolbars, other.toolbars);
+}
+
+bool PlotWindow::operator==(const PlotWindow& other) const
+{
+    return lowerLeftX == other.lowerLeftX && lowerLeftY == other.lowerLeftY &&
+           upperRightX == other.upperRightX && upperRightY == other.upperRightY;
+}
+
+bool Layout::operator==(const Layout& other) const
+{
+    return name == other.name && plotType == other.plotType && window == other.window;
+}
+
+bool PlotSettings::operator==(const PlotSettings& other) const
+{
+    return numberOfCopies == other.numberOfCopies && quietErrorMode == other.quietErrorMode &&
+           batchEntries == other.batchEntries && layoutsToPlot == other.layoutsToPlot;
+}
+
+bool Document::operator==(const Document& other) const
+{
+    return fullFileName == other.fullFileName && sameNode(activeLayout, other.activeLayout) &&
+           plot == other.plot;
+}
+
+bool PlotJob::operator==(const PlotJob& other) const
+{
+    return document == other.document && device == other.device && layouts == other.layouts &&
+           numberOfCopies == other.numberOfCopies && plotType == other.plotType && window == other.window;
+}
+
+bool ZoomRequest::operator==(const ZoomRequest& other) const
+{
+    return lowerLeftX == other.lowerLeftX && lowerLeftY == other.lowerLeftY &&
+           upperRightX == other.upperRightX && upperRightY == other.upperRightY;
+}
+
+bool PreferencesFiles::operator==(const PreferencesFiles& other) const
+{
+    return supportPath == other.supportPath && printerStyleSheetPath == other.printerStyleSheetPath &&
+           templateDrawingFolder == other.templateDrawingFolder && drawingPath == other.drawingPath;
+}
+
+bool HostBehaviour::operator==(const HostBehaviour& other) const
+{
+    return strictArguments == other.strictArguments && menuIndexBeyondEnd == other.menuIndexBeyondEnd;
+}
+
+bool HostState::operator==(const HostState& other) const
+{
+    return behaviour == other.behaviour && sameNodes(menuGroups, other.menuGroups) &&
+           sameMenuBar(*this, other) && sameNodes(documents, other.documents) &&
+           sameActiveDocument(*this, other) && drawingsOnDisk == other.drawingsOnDisk &&
+           plotJobs == other.plotJobs && plotterAnswers == other.plotterAnswers &&
+           zoomRequests == other.zoomRequests && preferences == other.preferences &&
+           systemVariables == other.systemVariables && registryRootKey == other.registryRootKey &&
+           registryValues == other.registryValues && searchPathFiles == other.searchPathFiles &&
+           sameMenuFiles(*this, other) && mxSupportFolder == other.mxSupportFolder && faults == other.faults;
+}
+
+}  // namespace sim
