@@ -29,11 +29,7 @@ void expectPreferences(const sim::Host& host, const std::function<void(sim::Pref
     sim::PreferencesFiles expected = arrangedHost().preferences;
     if (written)
         written(expected);
-    const sim::PreferencesFiles& actual = host.state().preferences;
-    EXPECT_EQ(actual.supportPath, expected.supportPath);
-    EXPECT_EQ(actual.printerStyleSheetPath, expected.printerStyleSheetPath);
-    EXPECT_EQ(actual.templateDrawingFolder, expected.templateDrawingFolder);
-    EXPECT_EQ(actual.drawingPath, expected.drawingPath);
+    EXPECT_TRUE(host.state().preferences == expected);
 }
 
 // What one run of an answering operation gave.
