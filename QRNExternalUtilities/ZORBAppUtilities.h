@@ -116,4 +116,35 @@ public:
     // separator, the separator and all entries but the last. True also when the block is not
     // found; false when there is no snap menu. Raises _com_error.
     static bool removeMenuItemsFromSnapMenu(const MxtArray<MxtString>& labels, long positionFromEnd);
+
+    // --- Toolbars ---
+    // A toolbar or button is known by its tag, letter case ignored; the group by its name.
+
+    // With `show`, shows every hidden (exactly 0) toolbar of the group tagged `toolbarName`, placed
+    // first: floating at (left, top) with `floatingRows` rows when `dockStatus` is 4, else docked
+    // at side `dockStatus`. Without it, hides every shown (exactly -1) one and writes its place to
+    // the four values (those of the last one hidden). False exactly when a shown toolbar was
+    // hidden. The names are never changed. Raises _com_error.
+    static bool showHideToolbar(bool show, MxtString& groupName, MxtString& toolbarName, long& left, long& top,
+                                long& dockStatus, long& floatingRows);
+    // Whether the group's first toolbar tagged `toolbarName` is shown (exactly -1). Raises _com_error.
+    static bool isToolbarVisible(const MxtString& groupName, const MxtString& toolbarName);
+    // Attaches the toolbar (groupName, toolbarName), as named here, to the flyout of the first
+    // button tagged `buttonName` on the group's first toolbar tagged `toolbarName`; nothing when
+    // any is missing. Raises _com_error.
+    static void attachToolbarToFlyout(const MxtString& groupName, const MxtString& toolbarName,
+                                      const MxtString& buttonName);
+    // Puts a new button in the place of the first button tagged `buttonName` on the group's first
+    // toolbar tagged `toolbarName`: added at the old button's position with `newButtonName`,
+    // `helpString` and `macro`, tagged `newButtonTag`, given the two bitmaps (a host that refuses
+    // them leaves the host's default image: that step catches everything), its flyout attached to
+    // the group's toolbar `flyoutToolbarName` unless that is empty; the old button is deleted
+    // last. Nothing changes when the group, toolbar or button is missing or the host gives no new
+    // button. Raises _com_error otherwise: a failure never loses the old button, and may leave
+    // the new one beside it.
+    static void replaceToolbarButton(const MxtString& groupName, const MxtString& toolbarName,
+                                     const MxtString& buttonName, const MxtString& newButtonName,
+                                     const MxtString& newButtonTag, const MxtString& helpString,
+                                     const MxtString& macro, const MxtString& smallBitmap,
+                                     const MxtString& largeBitmap, const MxtString& flyoutToolbarName);
 };

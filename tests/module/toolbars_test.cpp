@@ -1,0 +1,216 @@
+// The MX toolbars: visibility and placement, flyouts, and replacing a button.
+#include "ZORBAppUtilities.h"
+
+#include "menu_host.h"
+
+#include "support/automation_failure.h"
+
+#include <gmock/gmock.h>
+
+using namespace module_testing;
+using ::testing::ElementsAre;
+
+namespace {
+
+class Toolbars : public MenuTest {
+protected:
+    Toolbars() : mx(loadGroup(kMXMenuFile)) {}
+
+    sim::Toolbar& toolbar(size_t position) { return *mx->toolbars[position]; }
+
+    // Calls showHideToolbar with the placement held here.
+    bool showHide(bool show, const wchar_t* group, const wchar_t* tag)
+    {
+        MxtString groupName(group);
+        MxtString toolbarName(tag);
+        return ZORBAppUtilities::showHideToolbar(show, groupName, toolbarName, left, top, dockStatus, rows);
+    }
+
+    std::vector<std::wstring> buttonTags(size_t position)
+    {
+        std::vector<std::wstring> tags;
+        for (const auto& button : toolbar(position).buttons)
+            tags.push_back(button->tag);
+        return tags;
+    }
+
+    std::shared_ptr<sim::MenuGroup> mx;  // toolbars TB_MX_MAIN (shown), TB_MX_VIEWS, TB_MX_CONNECTIONS (hidden)
+    long left = -1, top = -1, dockStatus = -1, rows = -1;
+};
+
+}  // namespace
+
+TEST_F(Toolbars, HidingAShownToolbarFillsItsPlaceAndASecondHideLeavesItAlone)
+{
+    toolbar(0).dockStatus = 4;
+    toolbar(0).left = 120;
+    toolbar(0).top = 80;
+    toolbar(0).floatingRows = 3;
+    EXPECT_FALSE(showHide(false, L"mx", L"tb_mx_main"));
+    EXPECT_FALSE(toolbar(0).visible);
+    EXPECT_EQ((std::vector<long>{left, top, dockStatus, rows}), (std::vector<long>{120, 80, 4, 3}));
+    const std::vector<std::string> calls = typedHostCalls();
+    // The walk goes on over the group's two other toolbars afterwards.
+    EXPECT_THAT(std::vector<std::string>(calls.end() - 11, calls.end() - 4),
+                ElementsAre("HostToolbar.get_Visible()", "HostToolbar.get_DockStatus()", "HostToolbar.put_Visible(VT_BOOL)",
+                            "HostToolbar.get_Left()", "HostToolbar.get_Top()", "HostToolbar.get_FloatingRows()",
+                            "HostToolbar.get_DockStatus()"));
+
+    left = top = dockStatus = rows = -1;
+    EXPECT_TRUE(showHide(false, L"MX", L"TB_MX_MAIN"));
+    EXPECT_EQ((std::vector<long>{left, top, dockStatus, rows}), (std::vector<long>{-1, -1, -1, -1}));
+}
+
+TEST_F(Toolbars, ShowingPlacesAHiddenToolbarBeforeMakingItVisible)
+{
+    left = 300, top = 200, dockStatus = 4, rows = 2;
+    EXPECT_TRUE(showHide(true, L"MX", L"TB_MX_CONNECTIONS"));
+    EXPECT_TRUE(toolbar(2).visible);
+    EXPECT_EQ((std::vector<long>{toolbar(2).left, toolbar(2).top, toolbar(2).floatingRows}),
+              (std::vector<long>{300, 200, 2}));
+    const std::vector<sim::JournalEntry>& calls = host().journal().entries();
+    ASSERT_GE(calls.size(), 2u);
+    EXPECT_EQ(calls[calls.size() - 2].method, "HostToolbar.Float");
+    // Top, left, rows, in that order.
+    EXPECT_EQ(calls[calls.size() - 2].arguments[0].value, "200");
+    EXPECT_EQ(calls[calls.size() - 2].arguments[1].value, "300");
+    EXPECT_EQ(calls.back().method, "HostToolbar.put_Visible");
+
+    toolbar(1).visible = false;
+    dockStatus = 3;
+    EXPECT_TRUE(showHide(true, L"MX", L"TB_MX_VIEWS"));
+    EXPECT_EQ(toolbar(1).dockStatus, 3);
+    EXPECT_TRUE(toolbar(1).visible);
+
+    // A shown toolbar is left where it is, whatever the caller's placement says.
+    dockStatus = 1;
+    EXPECT_TRUE(showHide(true, L"MX", L"TB_MX_VIEWS"));
+    EXPECT_EQ(toolbar(1).dockStatus, 3);
+}
+
+TEST_F(Toolbars, EveryToolbarWithTheTagIsHiddenAndTheLastOnesPlaceIsKept)
+{
+    toolbar(1).tag = L"TB_MX_MAIN";
+    toolbar(1).left = 7;
+    EXPECT_FALSE(showHide(false, L"MX", L"TB_MX_MAIN"));
+    EXPECT_FALSE(toolbar(0).visible);
+    EXPECT_FALSE(toolbar(1).visible);
+    EXPECT_EQ(left, 7);
+    EXPECT_EQ(dockStatus, 2);
+    // Visibility asks only the first of them.
+    toolbar(1).visible = true;
+    EXPECT_FALSE(ZORBAppUtilities::isToolbarVisible(MxtString(L"MX"), MxtString(L"TB_MX_MAIN")));
+}
+
+TEST_F(Toolbars, ToolbarsAreKnownByTagAndOnlyExactYesNoValuesCount)
+{
+    EXPECT_TRUE(ZORBAppUtilities::isToolbarVisible(MxtString(L"mx"), MxtString(L"tb_mx_main")));
+    EXPECT_FALSE(ZORBAppUtilities::isToolbarVisible(MxtString(L"MX"), MxtString(L"MX Main")));
+    EXPECT_TRUE(showHide(false, L"MX", L"MX Main"));
+    EXPECT_TRUE(toolbar(0).visible);
+    EXPECT_FALSE(ZORBAppUtilities::isToolbarVisible(MxtString(L"NOPE"), MxtString(L"TB_MX_MAIN")));
+    EXPECT_TRUE(showHide(false, L"NOPE", L"TB_MX_MAIN"));
+    EXPECT_EQ(left, -1);
+
+    // A visibility of 1 is neither shown (-1) nor hidden (0): both directions leave it alone.
+    arm(answering("HostToolbar.get_Visible", rawNumber(1)));
+    EXPECT_FALSE(ZORBAppUtilities::isToolbarVisible(MxtString(L"MX"), MxtString(L"TB_MX_MAIN")));
+    host().journal().clear();
+    EXPECT_TRUE(showHide(false, L"MX", L"TB_MX_MAIN"));
+    EXPECT_TRUE(showHide(true, L"MX", L"TB_MX_MAIN"));
+    for (const std::string& call : hostCalls())
+        EXPECT_EQ(call.find("HostToolbar.put_"), std::string::npos) << call;
+    EXPECT_EQ(left, -1);
+}
+
+TEST_F(Toolbars, OfTwoGroupsWhoseNamesDifferInCaseTheFirstIsUsed)
+{
+    auto twin = loadGroup(kMXToolsMenuFile);
+    twin->name = L"mx";
+    twin->toolbars[0]->tag = L"TB_MX_MAIN";
+    std::swap(state().menuGroups[1], state().menuGroups[2]);
+    EXPECT_FALSE(showHide(false, L"MX", L"TB_MX_MAIN"));
+    EXPECT_FALSE(twin->toolbars[0]->visible);
+    EXPECT_TRUE(toolbar(0).visible);
+}
+
+TEST_F(Toolbars, FailuresReachTheCallerWithWhatWasDoneKept)
+{
+    arm(failingCall("HostToolbar.get_Top"));
+    EXPECT_EQ(failureOf([&] { showHide(false, L"MX", L"TB_MX_MAIN"); }).Error(), kInjectedStatus);
+    EXPECT_FALSE(toolbar(0).visible);
+    EXPECT_EQ(left, 0);
+    EXPECT_EQ(top, -1);
+    host().clearFaults();
+    arm(failingCall("HostToolbar.get_TagString"));
+    EXPECT_EQ(failureOf([] { ZORBAppUtilities::isToolbarVisible(MxtString(L"MX"), MxtString(L"X")); }).Error(),
+              kInjectedStatus);
+}
+
+TEST_F(Toolbars, AFlyoutShowsTheToolbarAsNamedOnTheFirstToolbarWithTheTag)
+{
+    toolbar(1).tag = L"TB_MX_MAIN";
+    ZORBAppUtilities::attachToolbarToFlyout(MxtString(L"mx"), MxtString(L"tb_mx_main"), MxtString(L"id_mx_plan"));
+    for (const auto& button : toolbar(1).buttons)
+        EXPECT_FALSE(button->flyout) << "a later toolbar with the tag was searched";
+    ZORBAppUtilities::attachToolbarToFlyout(MxtString(L"mx"), MxtString(L"tb_mx_main"), MxtString(L"id_mx_plate"));
+    ASSERT_TRUE(toolbar(0).buttons[2]->flyout);
+    EXPECT_EQ(*toolbar(0).buttons[2]->flyout, std::make_pair(std::wstring(L"mx"), std::wstring(L"tb_mx_main")));
+    EXPECT_EQ(typedHostCalls().back(), "HostToolbarItem.AttachToolbarToFlyout(VT_BSTR, VT_BSTR)");
+
+    arm(failingCall("HostToolbarItem.AttachToolbarToFlyout"));
+    EXPECT_EQ(failureOf([] {
+                  ZORBAppUtilities::attachToolbarToFlyout(MxtString(L"MX"), MxtString(L"TB_MX_CONNECTIONS"),
+                                                          MxtString(L"ID_MX_SPLICE"));
+              }).Error(),
+              kInjectedStatus);
+}
+
+TEST_F(Toolbars, AReplacedButtonTakesTheOldOnesPlaceWithEveryProperty)
+{
+    ZORBAppUtilities::replaceToolbarButton(MxtString(L"MX"), MxtString(L"tb_mx_main"), MxtString(L"id_mx_column"),
+                                           MxtString(L"Column+"), MxtString(L"ID_MX_COLUMN2"),
+                                           MxtString(L"Places columns"), MxtString(L"^C^C_MXCOL2"),
+                                           MxtString(L"MX_COL2_16"), MxtString(L"MX_COL2_32"),
+                                           MxtString(L"TB_MX_VIEWS"));
+    EXPECT_THAT(buttonTags(0), ElementsAre(L"ID_MX_BEAM", L"ID_MX_COLUMN2", L"ID_MX_PLATE", L"ID_MX_CONNECTIONS",
+                                           L"ID_MX_SETTINGS"));
+    const sim::ToolbarButton& added = *toolbar(0).buttons[1];
+    EXPECT_EQ(added.name, L"Column+");
+    EXPECT_EQ(added.helpString, L"Places columns");
+    EXPECT_EQ(added.macro, L"^C^C_MXCOL2");
+    EXPECT_EQ(added.smallBitmap, L"MX_COL2_16");
+    EXPECT_EQ(added.largeBitmap, L"MX_COL2_32");
+    ASSERT_TRUE(added.flyout);
+    EXPECT_EQ(added.flyout->second, L"TB_MX_VIEWS");
+    EXPECT_EQ(hostCalls().back(), "HostToolbarItem.Delete");
+}
+
+TEST_F(Toolbars, ARefusedBitmapStepStillGivesTheNewButtonAndARefusedAddKeepsTheOldOne)
+{
+    const auto replaceColumn = [](const wchar_t* flyout) {
+        ZORBAppUtilities::replaceToolbarButton(MxtString(L"MX"), MxtString(L"TB_MX_MAIN"), MxtString(L"ID_MX_COLUMN"),
+                                               MxtString(L"Column+"), MxtString(L"ID_MX_COLUMN2"), MxtString(L""),
+                                               MxtString(L"_col"), MxtString(L""), MxtString(L""), MxtString(flyout));
+    };
+    // The host refuses empty bitmap names; the button is kept all the same, without a flyout.
+    replaceColumn(L"");
+    EXPECT_THAT(buttonTags(0), ElementsAre(L"ID_MX_BEAM", L"ID_MX_COLUMN2", L"ID_MX_PLATE", L"ID_MX_CONNECTIONS",
+                                           L"ID_MX_SETTINGS"));
+    EXPECT_FALSE(toolbar(0).buttons[1]->flyout);
+
+    // Nothing to replace any more: nothing changes.
+    const sim::HostState before = sim::clone(state());
+    replaceColumn(L"");
+    EXPECT_TRUE(state() == before);
+
+    toolbar(0).buttons[1]->tag = L"ID_MX_COLUMN";
+    arm(failingCall("HostToolbar.AddButton"));
+    EXPECT_EQ(failureOf([&] { replaceColumn(L""); }).Error(), kInjectedStatus);
+    EXPECT_EQ(toolbar(0).buttons.size(), 5u);
+
+    // A flyout the host refuses leaves the new button beside the old one.
+    host().clearFaults();
+    EXPECT_EQ(failureOf([&] { replaceColumn(L"TB_NOWHERE"); }).Error(), E_INVALIDARG);
+    EXPECT_EQ(toolbar(0).buttons.size(), 6u);
+}
