@@ -214,7 +214,7 @@ std::vector<SweptOperation> menuOperations()
     };
     snapAdd.caughtInside = kSnapMenuLookup;
     // Without its first menu the lookup falls back on the group's last menu, and works there.
-    snapAdd.skippedWhenFailing = {"HostPopupMenus.Item"};
+    snapAdd.skippedWhenWithheld = {"HostPopupMenus.Item"};
     snapAdd.afterFailure = AfterFailure::goesOn;
     operations.push_back(snapAdd);
 
@@ -243,7 +243,7 @@ std::vector<SweptOperation> menuOperations()
     };
     // After a failure the lookup passed over, or a missing item, the answer is still true.
     snapRemove.caughtInside = kSnapMenuLookup;
-    snapRemove.skippedWhenFailing = {"HostPopupMenus.Item"};
+    snapRemove.skippedWhenWithheld = {"HostPopupMenus.Item"};
     snapRemove.afterFailure = AfterFailure::goesOn;
     operations.push_back(snapRemove);
 

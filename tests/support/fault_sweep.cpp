@@ -311,7 +311,7 @@ private:
 #endif
         host.clearFaults();
         checkOutcome(site, reached, outcome, host);
-        if (!isListed(m_operation.skippedWhenFailing, site.fault.method))
+        if (!isSkipped(site))
             checkHostState(site, reached, host.state());
         leftovers.expectNone(host);
         return reached;
@@ -330,7 +330,7 @@ private:
                 m_operation.expectSuccess(host);
             return;
         }
-        if (isListed(m_operation.skippedWhenFailing, site.fault.method)) {
+        if (isSkipped(site)) {
             if (m_operation.handling != FailureHandling::propagated)
                 expectNoExceptionEscaped(outcome);
             return;
@@ -355,6 +355,15 @@ private:
         EXPECT_FALSE(site.mustRaise) << "the failure did not reach the caller";
         if (m_operation.expectFailure)
             m_operation.expectFailure(host);
+    }
+
+    bool isSkipped(const FaultSite& site) const
+    {
+        if (!site.onHost)
+            return false;
+        const bool withheld = site.fault.kind == sim::FaultKind::nullObject;
+        return isListed(withheld ? m_operation.skippedWhenWithheld : m_operation.skippedWhenFailing,
+                        site.fault.method);
     }
 
     bool isCaughtInside(const std::string& method) const
@@ -410,14 +419,21 @@ private:
         }
     }
 
-    // The containers of the places where `to` differs from `from` (JSON pointers without their
-    // last step, so that an item added at another index of the same list counts as the same place).
+    // The containers of the places where `to` differs from `from`: JSON pointers without their last
+    // step and with every list index as "*", so that entries added, removed or shifted in one list
+    // count as changes of that list.
     static std::vector<std::string> changedPlaces(const nlohmann::json& from, const nlohmann::json& to)
     {
         std::vector<std::string> places;
         for (const nlohmann::json& change : nlohmann::json::diff(from, to)) {
             const std::string path = change.at("path").get<std::string>();
-            places.push_back(path.substr(0, path.rfind('/') + 1));
+            std::string place = "/";
+            std::istringstream steps(path.substr(1, path.rfind('/')));
+            for (std::string step; std::getline(steps, step, '/');) {
+                const bool index = !step.empty() && step.find_first_not_of("0123456789") == std::string::npos;
+                place += (index ? std::string("*") : step) + "/";
+            }
+            places.push_back(place);
         }
         return places;
     }

@@ -47,11 +47,12 @@ struct SweptOperation {
     // copy).
     std::vector<std::string> caughtInside;
 
-    // Host methods whose failure or withheld object the operation passes over (a position the host
-    // refuses or leaves empty is skipped): it then answers and acts as the host stands without that
-    // item, possibly on another one, which its own tests judge; the sweep checks only that nothing
-    // escaped or was left behind.
+    // Host methods whose failure, or whose withheld object, the operation passes over (a position
+    // the host refuses or leaves empty is skipped): it then answers and acts as the host stands
+    // without that item, possibly on another one, which its own tests judge; the sweep checks only
+    // that nothing escaped or was left behind.
     std::vector<std::string> skippedWhenFailing;
+    std::vector<std::string> skippedWhenWithheld;
 
     // The host each run starts from (called once per run, so nodes are never shared between runs).
     // The sweep makes it strict about argument types.
