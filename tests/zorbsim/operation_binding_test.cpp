@@ -1,6 +1,6 @@
 // The binding of exported functions into zorbsim's operation table, for the parameter kinds that
-// later operations of the module bring (bool, long, double, output long, plot type), with a
-// stand-in function in place of the module.
+// later operations of the module bring (bool, long, double, output long, plot type, menu items),
+// with stand-in functions in place of the module.
 #include "operation_binding.h"
 
 #include <gmock/gmock.h>
@@ -92,11 +92,95 @@ TEST(OperationBinding, RejectsBadArgumentsNamingTheirPlace)
     EXPECT_THAT(rejection(with("copies", 2.5)), HasSubstr("/args/copies: expected a whole number"));
     EXPECT_THAT(rejection(with("copies", 9223372036854775808ull)), HasSubstr("/args/copies: expected a whole number"));
     EXPECT_THAT(rejection(with("scale", "half")), HasSubstr("/args/scale: expected a number"));
-    EXPECT_THAT(rejection(with("type", 4294967296ll)), HasSubstr("/args/type: expected a plot type number"));
+    EXPECT_THAT(rejection(with("type", 4294967296ll)),
+                HasSubstr("/args/type: expected a whole number from -2147483648 to 2147483647"));
     EXPECT_THAT(rejection(with("jobs", "many")), HasSubstr("/args/jobs: expected a whole number"));
     EXPECT_THAT(rejection(with("devise", "P1")), HasSubstr("/args/devise: unknown argument of StandIn::plot("));
     EXPECT_THAT(rejection(missing), HasSubstr("test.json: /args: missing argument \"device\""));
     EXPECT_THAT(rejection(json::array()), HasSubstr("/args: expected an object of arguments"));
+}
+
+// Describes each item as "index|label|macro" on a line of its own, so that a test sees every field
+// of every item in the order the call received them.
+MxtString listMenuItems(const MxtArray<ZORBAppUtilities::ZORBMenuItem>& items)
+{
+    std::wstring text;
+    for (int i = 0; i < items.getLength(); ++i)
+        text += std::to_wstring(items[i].index) + L"|" + items[i].label.getStringW() + L"|" +
+                items[i].macro.getStringW() + L"\n";
+    return MxtString(text.c_str());
+}
+
+Operation menuItemsOperation()
+{
+    return zorbsim::bindOperation("StandIn", "listMenuItems", &listMenuItems, "items");
+}
+
+std::string menuItemsRejection(const json& items)
+{
+    try {
+        (void)menuItemsOperation().bind({{"items", items}}, InputPlace("test.json") / "args");
+    }
+    catch (const InputError& error) {
+        return error.what();
+    }
+    return "accepted";
+}
+
+TEST(MenuItemBinding, PassesEveryItemWithItsFieldsInOrder)
+{
+    EXPECT_EQ(menuItemsOperation().signature(), "StandIn::listMenuItems(items: menu item array) -> string");
+    const json items = json::array({
+        {{"index", 2147483647}, {"label", "&Größe"}, {"macro", "^C^C_MXSIZE"}},
+        {{"index", -2147483648ll}, {"label", ""}, {"macro", ""}},
+        {{"index", 0}, {"label", "&None"}, {"macro", "_non"}},
+    });
+    const zorbsim::CallOutcome outcome =
+        menuItemsOperation().bind({{"items", items}}, InputPlace("test.json")).run();
+    EXPECT_EQ(outcome.result, json("2147483647|&Größe|^C^C_MXSIZE\n-2147483648||\n0|&None|_non\n"));
+}
+
+TEST(MenuItemBinding, AnEmptyArrayPassesNoItems)
+{
+    EXPECT_EQ(menuItemsOperation().bind({{"items", json::array()}}, InputPlace("test.json")).run().result,
+              json(""));
+}
+
+TEST(MenuItemBinding, RejectsMalformedItemsNamingTheirPlace)
+{
+    const json good = {{"index", 1}, {"label", "&Beams..."}, {"macro", "^C^C_MXBEAM"}};
+    auto second = [&](const json& item) { return json::array({good, item}); };
+    auto changed = [&](const char* name, const json& value) {
+        json item = good;
+        item[name] = value;
+        return second(item);
+    };
+    auto without = [&](const char* name) {
+        json item = good;
+        item.erase(name);
+        return second(item);
+    };
+
+    EXPECT_THAT(menuItemsRejection(good),
+                HasSubstr("test.json: /args/items: expected an array of menu items"));
+    EXPECT_THAT(menuItemsRejection(second("&Beams...")), HasSubstr("/args/items/1: expected a menu item"));
+    EXPECT_THAT(menuItemsRejection(without("index")), HasSubstr("/args/items/1: missing \"index\""));
+    EXPECT_THAT(menuItemsRejection(without("label")), HasSubstr("/args/items/1: missing \"label\""));
+    EXPECT_THAT(menuItemsRejection(without("macro")), HasSubstr("/args/items/1: missing \"macro\""));
+    EXPECT_THAT(
+        menuItemsRejection(changed("tag", "ID_MxBeam")),
+        HasSubstr("/args/items/1/tag: unknown member; expected one of \"index\", \"label\", \"macro\""));
+    EXPECT_THAT(menuItemsRejection(changed("index", "1")),
+                HasSubstr("/args/items/1/index: expected a whole number from -2147483648 to 2147483647"));
+    EXPECT_THAT(menuItemsRejection(changed("index", 2147483648ll)),
+                HasSubstr("/args/items/1/index: expected a whole"));
+    EXPECT_THAT(menuItemsRejection(changed("index", -2147483649ll)),
+                HasSubstr("/args/items/1/index: expected a whole"));
+    EXPECT_THAT(menuItemsRejection(changed("index", 1.5)),
+                HasSubstr("/args/items/1/index: expected a whole"));
+    EXPECT_THAT(menuItemsRejection(changed("label", 7)), HasSubstr("/args/items/1/label: expected a string"));
+    EXPECT_THAT(menuItemsRejection(changed("macro", nullptr)),
+                HasSubstr("/args/items/1/macro: expected a string"));
 }
 
 }  // namespace

@@ -10,6 +10,8 @@
 #include "json_values.h"
 #include "sim/utf8.h"
 
+#include "ZORBAppUtilities.h"
+
 #include "MxtArray"
 #include "MxtString"
 #include "automation.h"
@@ -18,7 +20,7 @@
 
 #include <nlohmann/json.hpp>
 
-#include <limits>
+#include <string>
 
 namespace zorbsim {
 
@@ -27,6 +29,7 @@ namespace zorbsim {
 
 struct MxtStringValue {
     using Held = MxtString;
+    static constexpr const char* plural = "strings";
     static Held read(const nlohmann::json& value, const InputPlace& place)
     {
         return MxtString(readWideString(value, place).c_str());
@@ -47,23 +50,48 @@ struct BstrValue {
     }
 };
 
-struct StringArrayValue {
-    using Held = MxtArray<MxtString>;
+// {"index": 3, "label": "&Beams...", "macro": "^C^C_MXBEAM"}, every member given: an item is never
+// added with a default the scenario did not write.
+struct MenuItemValue {
+    using Held = ZORBAppUtilities::ZORBMenuItem;
+    static constexpr const char* plural = "menu items";
     static Held read(const nlohmann::json& value, const InputPlace& place)
     {
-        if (!value.is_array())
-            place.fail("expected an array of strings");
-        Held strings;
-        for (std::size_t i = 0; i < value.size(); ++i)
-            strings.add(MxtStringValue::read(value[i], place / i));
-        return strings;
+        if (!value.is_object())
+            place.fail("expected a menu item {\"index\": n, \"label\": \"...\", \"macro\": \"...\"}");
+        requireKnownKeys(value, {"index", "label", "macro"}, place);
+        Held item;
+        item.index = readInt32(requiredMember(value, "index", place), place / "index");
+        item.label = MxtStringValue::read(requiredMember(value, "label", place), place / "label");
+        item.macro = MxtStringValue::read(requiredMember(value, "macro", place), place / "macro");
+        return item;
     }
     static nlohmann::json write(const Held& held)
     {
-        nlohmann::json strings = nlohmann::json::array();
+        return {{"index", held.index},
+                {"label", MxtStringValue::write(held.label)},
+                {"macro", MxtStringValue::write(held.macro)}};
+    }
+};
+
+// An array of Element values; each element fails at its own index.
+template <class Element> struct ArrayValue {
+    using Held = MxtArray<typename Element::Held>;
+    static Held read(const nlohmann::json& value, const InputPlace& place)
+    {
+        if (!value.is_array())
+            place.fail(std::string("expected an array of ") + Element::plural);
+        Held elements;
+        for (std::size_t i = 0; i < value.size(); ++i)
+            elements.add(Element::read(value[i], place / i));
+        return elements;
+    }
+    static nlohmann::json write(const Held& held)
+    {
+        nlohmann::json elements = nlohmann::json::array();
         for (int i = 0; i < held.getLength(); ++i)
-            strings.push_back(MxtStringValue::write(held[i]));
-        return strings;
+            elements.push_back(Element::write(held[i]));
+        return elements;
     }
 };
 
@@ -96,10 +124,7 @@ struct PlotTypeValue {
     using Held = ZbDbPlotSettings::PlotType;
     static Held read(const nlohmann::json& value, const InputPlace& place)
     {
-        const long number = readLong(value, place);
-        if (number < std::numeric_limits<int>::min() || number > std::numeric_limits<int>::max())
-            place.fail("expected a plot type number");
-        return static_cast<Held>(number);
+        return static_cast<Held>(readInt32(value, place));
     }
     static nlohmann::json write(Held held) { return static_cast<int>(held); }
 };
@@ -130,8 +155,14 @@ template <> struct ArgumentKind<const _bstr_t&> : ParameterKind<BstrValue, false
 template <> struct ArgumentKind<_bstr_t&> : ParameterKind<BstrValue, true> {
     static constexpr const char* name = "output string";
 };
-template <> struct ArgumentKind<const MxtArray<MxtString>&> : ParameterKind<StringArrayValue, false> {
+template <>
+struct ArgumentKind<const MxtArray<MxtString>&> : ParameterKind<ArrayValue<MxtStringValue>, false> {
     static constexpr const char* name = "string array";
+};
+template <>
+struct ArgumentKind<const MxtArray<ZORBAppUtilities::ZORBMenuItem>&>
+    : ParameterKind<ArrayValue<MenuItemValue>, false> {
+    static constexpr const char* name = "menu item array";
 };
 template <> struct ArgumentKind<bool> : ParameterKind<BooleanValue, false> {
     static constexpr const char* name = "bool";

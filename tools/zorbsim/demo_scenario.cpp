@@ -7,7 +7,7 @@ namespace {
 
 // Written as a scenario file would be, and read by the same reader.
 constexpr const char* kDemoScenario = R"json({
-  "description": "The MX product starts in a fresh session of the default host and puts its folders where the host looks.",
+  "description": "The MX product starts in a fresh session of the default host, puts its folders where the host looks and its menus on the host's menu bar, and takes the menus away at the end.",
   "steps": [
     {
       "title": "The MX product finds the host application",
@@ -89,6 +89,149 @@ constexpr const char* kDemoScenario = R"json({
         "/preferences/supportPath": "C:\\Users\\mx\\AppData\\Roaming\\Zorb\\Zorb 2026\\R26.0\\enu\\Support;C:\\Program Files\\Zorb 2026\\Support;C:\\Program Files\\Zorb 2026\\Fonts;C:\\Program Files\\Zorb 2026\\Help;C:\\Program Files\\Zorb 2026\\Support\\Color;C:\\Program Files\\MX\\Support;C:\\Program Files\\MX\\Symbols",
         "/preferences/printerStyleSheetPath": "C:\\Users\\mx\\AppData\\Roaming\\Zorb\\Zorb 2026\\R26.0\\enu\\Plotters\\Plot Styles;C:\\Program Files\\MX\\Support",
         "/preferences/templateDrawingFolder": "C:\\Program Files\\MX\\Templates"
+      }
+    },
+    {
+      "title": "It loads its two menu files",
+      "call": "loadMenus",
+      "args": { "menuFiles": [ "C:\\Program Files\\MX\\Support\\MX", "C:\\Program Files\\MX\\Support\\MXTOOLS" ] },
+      "expect": { "result": true }
+    },
+    {
+      "call": "isMenuLoaded",
+      "args": { "groupName": "MX" },
+      "expect": { "result": true }
+    },
+    {
+      "title": "The groups follow the host's own; none of their menus is on the menu bar yet",
+      "expectHost": {
+        "/menuGroups/1/name": "MX",
+        "/menuGroups/2/name": "MXTOOLS",
+        "/menuBar/5": { "menuGroup": "ZORB", "menu": 5 }
+      }
+    },
+    {
+      "title": "It puts the MX group's first menu on the menu bar before Help, with two items at its end",
+      "call": "addMenuToMenuBar",
+      "args": {
+        "groupName": "MX",
+        "items": [
+          { "index": 10, "label": "MX &Beams...", "macro": "^C^C_MXBEAM" },
+          { "index": 11, "label": "MX &Settings...", "macro": "^C^C_MXSETTINGS" }
+        ],
+        "position": 5
+      }
+    },
+    {
+      "title": "The group's first menu is its object-snap cursor menu PM_0001, not M&X: that is the one on the bar",
+      "expectHost": {
+        "/menuBar/5": { "menuGroup": "MX", "menu": 0 },
+        "/menuBar/6": { "menuGroup": "ZORB", "menu": 5 },
+        "/menuGroups/1/menus/0/tag": "PM_0001",
+        "/menuGroups/1/menus/0/items/10/label": "MX &Beams...",
+        "/menuGroups/1/menus/0/items/11/macro": "^C^C_MXSETTINGS"
+      }
+    },
+    {
+      "title": "The host's six menus and the MX one",
+      "call": "getNumberOfMenusOnMenuBar",
+      "expect": { "result": 7 }
+    },
+    {
+      "title": "A menu whose upper-cased tag holds PM_00 is on the menu bar",
+      "call": "isMenuLoadedOnMenuBar",
+      "args": { "text": "PM_00" },
+      "expect": { "result": true }
+    },
+    {
+      "title": "It adds three snap entries, led by a separator, before the snap menu's last two items",
+      "call": "addMenuItemsToSnapMenu",
+      "args": { "labels": [ "&Tangent", "&Quadrant", "No&de" ], "macros": [ "_tan", "_qua", "_nod" ], "positionFromEnd": 2 },
+      "expect": { "result": true }
+    },
+    {
+      "expectHost": {
+        "/menuGroups/1/menus/0/items/9/label": "&Osnap Settings...",
+        "/menuGroups/1/menus/0/items/10/type": "separator",
+        "/menuGroups/1/menus/0/items/11/label": "&Tangent",
+        "/menuGroups/1/menus/0/items/13/macro": "_nod",
+        "/menuGroups/1/menus/0/items/14/label": "MX &Beams..."
+      }
+    },
+    {
+      "title": "It combines the MX and MXTOOLS menus into one menu before Help",
+      "call": "combineMenusOnMenuBar",
+      "args": { "menuName": "MX &All", "groupNames": [ "MX", "MXTOOLS" ], "position": 5 }
+    },
+    {
+      "title": "The new menu went into the host's own group, the first loaded; the copied MX menu left the bar",
+      "expectHost": {
+        "/menuBar/5": { "menuGroup": "ZORB", "menu": 7 },
+        "/menuBar/6": { "menuGroup": "ZORB", "menu": 5 },
+        "/menuGroups/0/menus/7/name": "MX &All",
+        "/menuGroups/0/menus/7/items/0/label": "MX Object Snap",
+        "/menuGroups/0/menus/7/items/1/label": "MX &Tools"
+      }
+    },
+    {
+      "title": "Copied separators land where the new menu's count stood as each copy began: the snap menu's three on top, the tools menu's one second",
+      "expectHost": {
+        "/menuGroups/0/menus/7/items/0/submenu/items/2/type": "separator",
+        "/menuGroups/0/menus/7/items/0/submenu/items/3/label": "&Endpoint",
+        "/menuGroups/0/menus/7/items/1/submenu/items/0/label": "&Numbering...",
+        "/menuGroups/0/menus/7/items/1/submenu/items/1/type": "separator",
+        "/menuGroups/0/menus/7/items/1/submenu/items/2/label": "&Clash Check"
+      }
+    },
+    {
+      "title": "At the end of the session it removes its snap entries",
+      "call": "removeMenuItemsFromSnapMenu",
+      "args": { "labels": [ "&Tangent", "&Quadrant", "No&de" ], "positionFromEnd": 2 },
+      "expect": { "result": true }
+    },
+    {
+      "title": "The removal starts one item before the entries: the separator, &Tangent and &Quadrant go, No&de stays",
+      "expectHost": {
+        "/menuGroups/1/menus/0/items/9/label": "&Osnap Settings...",
+        "/menuGroups/1/menus/0/items/10/label": "No&de",
+        "/menuGroups/1/menus/0/items/11/label": "MX &Beams..."
+      }
+    },
+    {
+      "title": "It takes the MX menu off the menu bar",
+      "call": "removeMenuFromMenuBar",
+      "args": { "groupName": "MX" }
+    },
+    {
+      "title": "Combining took it off already, so nothing changed: the host's six menus and MX &All",
+      "call": "getNumberOfMenusOnMenuBar",
+      "expect": { "result": 7 }
+    },
+    {
+      "title": "Unloading stops after MX: looking for MXTOOLS it asks the name of the MX group just unloaded, which the host refuses",
+      "call": "unloadMenus",
+      "args": { "menuFiles": [ "C:\\Program Files\\MX\\Support\\MX", "C:\\Program Files\\MX\\Support\\MXTOOLS" ] },
+      "expect": { "result": false }
+    },
+    {
+      "expectHost": { "/menuGroups/1/name": "MXTOOLS" }
+    },
+    {
+      "title": "A call of its own unloads MXTOOLS",
+      "call": "unloadMenus",
+      "args": { "menuFiles": [ "C:\\Program Files\\MX\\Support\\MXTOOLS" ] },
+      "expect": { "result": true }
+    },
+    {
+      "call": "isMenuLoaded",
+      "args": { "groupName": "MXTOOLS" },
+      "expect": { "result": false }
+    },
+    {
+      "title": "MX &All belongs to the host's own group, so it stays on the menu bar after the MX groups are gone",
+      "expectHost": {
+        "/menuBar/5": { "menuGroup": "ZORB", "menu": 7 },
+        "/menuGroups/0/menus/7/name": "MX &All"
       }
     }
   ]

@@ -1,5 +1,5 @@
-// The scenario `zorbsim demo` plays: the MX product's start-up in a fresh session of the built-in
-// default host, with every operation of the module that exists.
+// The scenario `zorbsim demo` plays: an MX session on a fresh copy of the built-in default host,
+// from its start-up to taking its menus away, with every operation of the module that exists.
 #pragma once
 
 #include "scenario.h"

@@ -32,18 +32,33 @@ bool readBoolean(const nlohmann::json& value, const InputPlace& place)
     return value.get<bool>();
 }
 
-long readLong(const nlohmann::json& value, const InputPlace& place)
+namespace {
+
+long long readWholeNumber(const nlohmann::json& value, const InputPlace& place, long long lowest,
+                          long long highest)
 {
     const bool fits = value.is_number_unsigned()
-                          ? value.get<unsigned long long>() <=
-                                static_cast<unsigned long long>(std::numeric_limits<long>::max())
-                          : value.is_number_integer() &&
-                                value.get<long long>() >= std::numeric_limits<long>::min() &&
-                                value.get<long long>() <= std::numeric_limits<long>::max();
+                          ? value.get<unsigned long long>() <= static_cast<unsigned long long>(highest)
+                          : value.is_number_integer() && value.get<long long>() >= lowest &&
+                                value.get<long long>() <= highest;
     if (!fits)
-        place.fail("expected a whole number from " + std::to_string(std::numeric_limits<long>::min()) +
-                   " to " + std::to_string(std::numeric_limits<long>::max()));
-    return static_cast<long>(value.get<long long>());
+        place.fail("expected a whole number from " + std::to_string(lowest) + " to " +
+                   std::to_string(highest));
+    return value.get<long long>();
+}
+
+}  // namespace
+
+long readLong(const nlohmann::json& value, const InputPlace& place)
+{
+    return static_cast<long>(
+        readWholeNumber(value, place, std::numeric_limits<long>::min(), std::numeric_limits<long>::max()));
+}
+
+std::int32_t readInt32(const nlohmann::json& value, const InputPlace& place)
+{
+    return static_cast<std::int32_t>(readWholeNumber(value, place, std::numeric_limits<std::int32_t>::min(),
+                                                     std::numeric_limits<std::int32_t>::max()));
 }
 
 double readDouble(const nlohmann::json& value, const InputPlace& place)
@@ -59,6 +74,13 @@ HRESULT readStatusCode(const nlohmann::json& value, const InputPlace& place)
     if (!status)
         place.fail("expected a status code in hex, such as \"0x80004005\"");
     return *status;
+}
+
+const nlohmann::json& requiredMember(const nlohmann::json& object, const char* key, const InputPlace& place)
+{
+    if (!object.contains(key))
+        place.fail(std::string("missing \"") + key + "\"");
+    return object[key];
 }
 
 void requireKnownKeys(const nlohmann::json& object, std::initializer_list<const char*> allowed,

@@ -7,6 +7,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include <cstdint>
 #include <initializer_list>
 #include <string>
 
@@ -17,10 +18,14 @@ std::wstring readWideString(const nlohmann::json& value, const InputPlace& place
 bool readBoolean(const nlohmann::json& value, const InputPlace& place);
 // A whole number that fits a `long` of this build (32 bits on Windows).
 long readLong(const nlohmann::json& value, const InputPlace& place);
+// A whole number of 32 bits on every build.
+std::int32_t readInt32(const nlohmann::json& value, const InputPlace& place);
 double readDouble(const nlohmann::json& value, const InputPlace& place);
 // A status code in hex, "0x80004005".
 HRESULT readStatusCode(const nlohmann::json& value, const InputPlace& place);
 
+// The member `key` of an object; fails at `place` when the object lacks it.
+const nlohmann::json& requiredMember(const nlohmann::json& object, const char* key, const InputPlace& place);
 // Fails on a key outside `allowed`, naming the keys that are allowed.
 void requireKnownKeys(const nlohmann::json& object, std::initializer_list<const char*> allowed, const InputPlace& place);
 

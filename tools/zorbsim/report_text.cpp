@@ -9,7 +9,8 @@ namespace {
 
 using nlohmann::json;
 
-// Strings as they are, in quotes (paths stay readable, without JSON's doubled backslashes).
+// Strings as they are, in quotes (paths stay readable, without JSON's doubled backslashes), also
+// inside arrays and objects, whose member names stand bare.
 std::string displayValue(const json& value)
 {
     if (value.is_string())
@@ -19,6 +20,12 @@ std::string displayValue(const json& value)
         for (std::size_t i = 0; i < value.size(); ++i)
             text += (i == 0 ? "" : ", ") + displayValue(value[i]);
         return text + "]";
+    }
+    if (value.is_object()) {
+        std::string text;
+        for (const auto& member : value.items())
+            text += (text.empty() ? "" : ", ") + member.key() + ": " + displayValue(member.value());
+        return "{" + text + "}";
     }
     return value.dump();
 }
