@@ -91,10 +91,12 @@ TEST_F(Menus, AnUnloadedGroupTakesItsMenusOffTheBarAndItsObjectsFail)
     EXPECT_EQ(state().menuGroups.size(), 1u);
     EXPECT_TRUE(std::none_of(state().menuBar.begin(), state().menuBar.end(),
                              [](const auto& menu) { return menu->tag == L"PM_MX_MAIN"; }));
-    _com_error gone = failureOf([&] { mx->GetName(); });
+    // The unloaded group still tells its name, and fails everything else.
+    EXPECT_EQ(mx->GetName(), _bstr_t(L"MX"));
+    _com_error gone = failureOf([&] { mx->Unload(); });
     EXPECT_EQ(gone.Error(), E_FAIL);
     EXPECT_EQ(descriptionOf(gone), L"menu group 'MX' is unloaded");
-    EXPECT_EQ(failureOf([&] { mx->Unload(); }).Error(), E_FAIL);
+    EXPECT_EQ(failureOf([&] { mx->GetMenus(); }).Error(), E_FAIL);
     EXPECT_EQ(descriptionOf(failureOf([&] { item->GetLabel(); })), L"menu group 'MX' is unloaded");
 }
 

@@ -4,8 +4,8 @@
 
 namespace sim::detail {
 
-Call::Call(HostCore& core, const CallSubject& subject, const char* method,
-           std::initializer_list<Arg> arguments)
+Call::Call(HostCore& core, const CallSubject& subject, const char* method, std::initializer_list<Arg> arguments,
+           WhenGone whenGone)
     : m_core(core), m_subject(subject)
 {
     if (!core.installed) {
@@ -32,6 +32,8 @@ Call::Call(HostCore& core, const CallSubject& subject, const char* method,
             return;
         }
     }
+    if (whenGone == WhenGone::answers)
+        return;
     const std::wstring gone = subject.goneReason();
     if (!gone.empty())
         fail(E_FAIL, gone);

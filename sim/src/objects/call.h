@@ -33,8 +33,12 @@ protected:
 
 class Call {
 public:
+    // What a call on a subject whose node left the host does: most fail, a few reads still answer
+    // with what the subject last was (a real host keeps an unloaded group's name, say).
+    enum class WhenGone { fails, answers };
+
     Call(HostCore& core, const CallSubject& subject, const char* method,
-         std::initializer_list<Arg> arguments = {});
+         std::initializer_list<Arg> arguments = {}, WhenGone whenGone = WhenGone::fails);
     Call(const Call&) = delete;
     Call& operator=(const Call&) = delete;
 

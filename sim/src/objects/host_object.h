@@ -97,9 +97,10 @@ protected:
     const std::shared_ptr<HostCore>& sharedCore() const { return m_core; }
 
     // Starts a call of `method` ("Interface.method") on this object.
-    Call begin(const char* method, std::initializer_list<Arg> arguments = {})
+    Call begin(const char* method, std::initializer_list<Arg> arguments = {},
+               Call::WhenGone whenGone = Call::WhenGone::fails)
     {
-        return Call(*m_core, *this, method, arguments);
+        return Call(*m_core, *this, method, arguments, whenGone);
     }
 
 private:

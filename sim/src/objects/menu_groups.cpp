@@ -83,7 +83,8 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_Name(BSTR* name) override
     {
-        Call call = begin("HostMenuGroup.get_Name");
+        // An unloaded group still tells its name; everything else it is asked fails.
+        Call call = begin("HostMenuGroup.get_Name", {}, Call::WhenGone::answers);
         if (call.refused() || !call.accepts(name))
             return call.status();
         return call.giveText(name, m_group->name);
