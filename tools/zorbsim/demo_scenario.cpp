@@ -208,6 +208,71 @@ constexpr const char* kDemoScenario = R"json({
       "expect": { "result": 7 }
     },
     {
+      "title": "The MX toolbars: its main toolbar is shown",
+      "call": "isToolbarVisible",
+      "args": { "groupName": "mx", "toolbarName": "tb_mx_main" },
+      "expect": { "result": true }
+    },
+    {
+      "title": "Hiding it answers false and hands back its place, docked at the top",
+      "call": "showHideToolbar",
+      "args": { "show": false, "groupName": "MX", "toolbarName": "TB_MX_MAIN", "left": -1, "top": -1, "dockStatus": -1, "floatingRows": -1 },
+      "expect": { "result": false, "outputs": { "left": 0, "top": 0, "dockStatus": 0, "floatingRows": 1 } }
+    },
+    {
+      "expectHost": { "/menuGroups/1/toolbars/0/visible": false }
+    },
+    {
+      "title": "Shown again at the place it was hidden from",
+      "call": "showHideToolbar",
+      "args": { "show": true, "groupName": "MX", "toolbarName": "TB_MX_MAIN", "left": 0, "top": 0, "dockStatus": 0, "floatingRows": 1 },
+      "expect": { "result": true }
+    },
+    {
+      "expectHost": { "/menuGroups/1/toolbars/0/visible": true, "/menuGroups/1/toolbars/0/dockStatus": 0 }
+    },
+    {
+      "title": "The hidden connections toolbar is shown floating at the place the product remembered",
+      "call": "showHideToolbar",
+      "args": { "show": true, "groupName": "MX", "toolbarName": "TB_MX_CONNECTIONS", "left": 500, "top": 300, "dockStatus": 4, "floatingRows": 3 },
+      "expect": { "result": true }
+    },
+    {
+      "expectHost": {
+        "/menuGroups/1/toolbars/2/visible": true,
+        "/menuGroups/1/toolbars/2/left": 500,
+        "/menuGroups/1/toolbars/2/top": 300,
+        "/menuGroups/1/toolbars/2/floatingRows": 3
+      }
+    },
+    {
+      "title": "The Connections button of the main toolbar opens the main toolbar as a flyout (the toolbar named is the one searched)",
+      "call": "attachToolbarToFlyout",
+      "args": { "groupName": "MX", "toolbarName": "TB_MX_MAIN", "buttonName": "id_mx_connections" }
+    },
+    {
+      "expectHost": { "/menuGroups/1/toolbars/0/buttons/3/flyout": { "menuGroup": "MX", "toolbar": "TB_MX_MAIN" } }
+    },
+    {
+      "title": "The Plate button is replaced by one that opens the connections toolbar",
+      "call": "replaceToolbarButton",
+      "args": {
+        "groupName": "MX", "toolbarName": "TB_MX_MAIN", "buttonName": "ID_MX_PLATE",
+        "newButtonName": "Plate+", "newButtonTag": "ID_MX_PLATE2", "helpString": "Places plates",
+        "macro": "^C^C_MXPLATE2", "smallBitmap": "MX_PLATE2_16", "largeBitmap": "MX_PLATE2_32",
+        "flyoutToolbarName": "TB_MX_CONNECTIONS"
+      }
+    },
+    {
+      "title": "It stands where the old button stood, and the old one is gone",
+      "expectHost": {
+        "/menuGroups/1/toolbars/0/buttons/2/tag": "ID_MX_PLATE2",
+        "/menuGroups/1/toolbars/0/buttons/2/largeBitmap": "MX_PLATE2_32",
+        "/menuGroups/1/toolbars/0/buttons/2/flyout": { "menuGroup": "MX", "toolbar": "TB_MX_CONNECTIONS" },
+        "/menuGroups/1/toolbars/0/buttons/3/tag": "ID_MX_CONNECTIONS"
+      }
+    },
+    {
       "title": "Both MX groups are unloaded",
       "call": "unloadMenus",
       "args": { "menuFiles": [ "C:\\Program Files\\MX\\Support\\MX", "C:\\Program Files\\MX\\Support\\MXTOOLS" ] },
