@@ -17,7 +17,11 @@
 
 namespace {
 
+using module_testing::answering;
 using module_testing::failingCall;
+using module_testing::hostValue;
+using module_testing::nullAnswer;
+using module_testing::rawNumber;
 using module_testing::withheldObject;
 using sim::ItemType;
 
@@ -63,16 +67,6 @@ static_assert(memberCount<sim::Answer>() == 2);
 static_assert(memberCount<sim::Fault>() == 7);
 
 template <class T> std::shared_ptr<T> node(T value) { return std::make_shared<T>(std::move(value)); }
-
-sim::Fault answering(std::string method, HRESULT status, sim::Answer answer)
-{
-    sim::Fault fault;
-    fault.kind = sim::FaultKind::answer;
-    fault.method = std::move(method);
-    fault.status = status;
-    fault.answer = answer;
-    return fault;
-}
 
 using Items = std::vector<std::shared_ptr<sim::PopupMenuItem>>;
 
@@ -160,9 +154,9 @@ sim::HostState everyMemberSet()
     withheld.status = E_NOTIMPL;
     withheld.matchingCallsSeen = 2;
     state.faults = {failing, withheld,
-                    answering("HostToolbar.get_Visible", S_OK, sim::Answer{sim::Answer::Kind::number, 1}),
-                    answering("HostPopupMenu.get_TagString", S_OK, sim::Answer{sim::Answer::Kind::null, 0}),
-                    answering("HostMenuGroups.get_Count", S_FALSE, sim::Answer{})};
+                    answering("HostToolbar.get_Visible", rawNumber(1)),
+                    answering("HostPopupMenu.get_TagString", nullAnswer()),
+                    answering("HostMenuGroups.get_Count", hostValue(), 0, S_FALSE)};
     return state;
 }
 
