@@ -11,6 +11,7 @@
 #include "MxtArray"
 #include "MxtString"
 #include "automation.h"
+#include "host/plot_settings.h"
 
 #include <cstdint>
 
@@ -147,4 +148,26 @@ public:
                                      const MxtString& newButtonTag, const MxtString& helpString,
                                      const MxtString& macro, const MxtString& smallBitmap,
                                      const MxtString& largeBitmap, const MxtString& flyoutToolbarName);
+
+    // --- Documents, plotting and zoom ---
+
+    // Closes the active drawing, saving it under its own name when `saveChanges`. True when the
+    // host accepted the close. Catches the automation failure.
+    static bool closeActiveDocument(bool saveChanges);
+    // Makes sure the drawing at `path` is open (an open one is found by its full file name, letter
+    // case ignored, and never opened again) and with `activate` makes it active. While a drawing is
+    // opened "DWGCHECK" is held at 0, and it is put back afterwards, also after a failure. True
+    // when the drawing was found open or was opened. Catches the automation failure.
+    static bool openAndActivateDocument(const MxtString& path, bool activate);
+    // Plots the layout `layoutName` of the active drawing with `plotConfigName` (empty: the
+    // layout's own configuration). The plot type, and for type 4 the window from (x1, y1) to
+    // (x2, y2), go to the active layout. True exactly when the host answers -1. Catches the
+    // automation failure and writes its message to `errorMessage`, which is untouched otherwise.
+    static bool plotLayout(const MxtString& plotConfigName, const MxtString& layoutName,
+                           ZbDbPlotSettings::PlotType plotType, double x1, double x2, double y1, double y2,
+                           MxtString& errorMessage);
+    // Zooms the view to the window between the two points (the host's point variants, passed as
+    // they are). True in every case that returns, also without a host. Keeps one reference on the
+    // host application, deliberately. Raises _com_error.
+    static bool zoomWindow(const _variant_t& lowerLeft, const _variant_t& upperRight);
 };

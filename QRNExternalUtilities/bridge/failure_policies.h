@@ -1,8 +1,9 @@
-// The three ways an operation's body can be guarded, side by side: each operation has exactly one
-// of them, or none (the automation failure then reaches the caller). ZORBAppUtilities.h says
+// The ways an operation's body can be guarded, side by side: each operation has exactly one of
+// them, or none (the automation failure then reaches the caller). ZORBAppUtilities.h says
 // which operation has which.
 #pragma once
 
+#include "MxtString"
 #include "automation.h"
 
 #include <utility>
@@ -22,6 +23,18 @@ template <class Body> void catchAutomationFailure(Body&& body)
     }
     catch (const _com_error& failure) {
         dropFailureMessage(failure);
+    }
+}
+
+// Catches the automation failure and hands its message to the caller in `message`, which is written
+// only then.
+template <class Body> void catchAutomationFailure(Body&& body, MxtString& message)
+{
+    try {
+        std::forward<Body>(body)();
+    }
+    catch (const _com_error& failure) {
+        message = failure.ErrorMessage();
     }
 }
 
