@@ -1,10 +1,19 @@
 #include "support/leftovers.h"
 
 #include "MxtAssert"
+#include "framework.h"
+#include "host/sdk.h"
 
 #include <gtest/gtest.h>
 
 namespace module_testing {
+
+void releaseKeptApplicationReference()
+{
+    IDispatch* application = zbedGetZorbWinApp()->GetIDispatch(TRUE);
+    application->Release();  // the one just taken
+    application->Release();  // the one kept
+}
 
 unsigned long liveAutomationStrings()
 {

@@ -21,6 +21,10 @@ private:
     unsigned long m_liveStringsBefore = 0;
 };
 
+// Releases the one reference on the host application that zoomWindow keeps by design, so that a
+// test can check it and then leave nothing behind.
+void releaseKeptApplicationReference();
+
 // Automation strings alive in the process; 0 where the runtime does not count them.
 unsigned long liveAutomationStrings();
 

@@ -1,0 +1,186 @@
+// Opening, activating and closing drawings, plotting a layout and zooming.
+#include "ZORBAppUtilities.h"
+
+#include "support/automation_failure.h"
+#include "support/faults.h"
+#include "support/host_test.h"
+#include "support/mxt_text.h"
+
+#include "host/object_model.h"
+#include "host/sdk.h"
+
+#include <gmock/gmock.h>
+
+using namespace module_testing;
+using ::testing::ElementsAre;
+
+namespace {
+
+const std::wstring kProject = L"C:\\Projects\\Warehouse 12\\Drawings\\";
+const std::wstring kOpen = kProject + L"GA-001.dwg";     // open and active in the default host
+const std::wstring kOnDisk = kProject + L"GA-002.dwg";   // on disk, not open
+
+class Documents : public ModuleTest {
+protected:
+    std::vector<std::wstring> openNames()
+    {
+        std::vector<std::wstring> names;
+        for (const auto& document : state().documents)
+            names.push_back(document->fullFileName);
+        return names;
+    }
+
+    short drawingCheck() { return state().systemVariables.at(L"DWGCHECK"); }
+
+    // The values "DWGCHECK" was set to, in order.
+    std::vector<std::string> drawingCheckWrites()
+    {
+        std::vector<std::string> writes;
+        for (const sim::JournalEntry& entry : host().journal().entries())
+            if (entry.method == "sdk.zbedSetVar")
+                writes.push_back(entry.arguments[1].value);
+        return writes;
+    }
+};
+
+}  // namespace
+
+TEST_F(Documents, ClosingPassesAShortSaveFlagAndTheDrawingsOwnName)
+{
+    EXPECT_TRUE(ZORBAppUtilities::closeActiveDocument(true));
+    EXPECT_TRUE(state().documents.empty());
+    const sim::JournalEntry& close = host().journal().entries().back();
+    EXPECT_EQ(sim::typedMethodOf(close), "HostDocument.Close(VT_I2, VT_BSTR)");
+    EXPECT_EQ(close.arguments[0].value, "-1");
+    EXPECT_EQ(close.arguments[1].value, "C:\\Projects\\Warehouse 12\\Drawings\\GA-001.dwg");
+
+    // Nothing is open now: false, and no document is asked anything.
+    host().journal().clear();
+    EXPECT_FALSE(ZORBAppUtilities::closeActiveDocument(false));
+    EXPECT_EQ(hostCalls().back(), "HostApplication.get_ActiveDocument");
+}
+
+TEST_F(Documents, AnOpenDrawingIsFoundIgnoringCaseAndNotOpenedAgain)
+{
+    state().systemVariables[L"DWGCHECK"] = 2;
+    std::wstring upper = kOpen;
+    for (auto& c : upper)
+        c = static_cast<wchar_t>(std::towupper(c));
+    EXPECT_TRUE(ZORBAppUtilities::openAndActivateDocument(MxtString(upper.c_str()), true));
+    EXPECT_THAT(openNames(), ElementsAre(kOpen));
+    EXPECT_TRUE(drawingCheckWrites().empty());
+    EXPECT_EQ(hostCalls().back(), "HostDocument.Activate");
+    EXPECT_EQ(typedHostCalls()[4], "HostDocuments.Item(VT_INT)");
+}
+
+TEST_F(Documents, OpeningHoldsDrawingCheckAtZeroAndPutsItBackAfterSuccessOrFailure)
+{
+    state().systemVariables[L"DWGCHECK"] = 2;
+    EXPECT_TRUE(ZORBAppUtilities::openAndActivateDocument(MxtString(kOnDisk.c_str()), true));
+    EXPECT_THAT(openNames(), ElementsAre(kOpen, kOnDisk));
+    EXPECT_EQ(state().activeDocument, state().documents[1]);
+    EXPECT_THAT(drawingCheckWrites(), ElementsAre("0", "2"));
+    EXPECT_EQ(drawingCheck(), 2);
+    const std::vector<std::string> calls = typedHostCalls();
+    EXPECT_NE(std::find(calls.begin(), calls.end(), "HostDocuments.Open(VT_BSTR, VT_I2, VT_ERROR)"), calls.end());
+
+    host().journal().clear();
+    EXPECT_FALSE(ZORBAppUtilities::openAndActivateDocument(MxtString(L"C:\\nowhere.dwg"), true));
+    EXPECT_THAT(drawingCheckWrites(), ElementsAre("0", "2"));
+    EXPECT_EQ(drawingCheck(), 2);
+}
+
+TEST_F(Documents, AnotherSeparatorGoesThroughTheHostsOpenAndAnUnfoundSecondSearchStillGivesTrue)
+{
+    const std::wstring slashed = L"C:/Projects/Warehouse 12/Drawings/GA-001.dwg";
+    host().journal().clear();
+    // The host knows the drawing is open and gives it back; the module's second search does not
+    // find the name it was given, and does not activate.
+    EXPECT_TRUE(ZORBAppUtilities::openAndActivateDocument(MxtString(slashed.c_str()), true));
+    const std::vector<std::string> calls = hostCalls();
+    EXPECT_NE(std::find(calls.begin(), calls.end(), "HostDocuments.Open"), calls.end());
+    EXPECT_EQ(std::find(calls.begin(), calls.end(), "HostDocument.Activate"), calls.end());
+}
+
+TEST_F(Documents, NoHostOrANullDocumentGivesFalse)
+{
+    arm(faultOfKind(sim::FaultKind::noFrameworkObject));
+    EXPECT_FALSE(ZORBAppUtilities::openAndActivateDocument(MxtString(kOpen.c_str()), false));
+    EXPECT_FALSE(ZORBAppUtilities::closeActiveDocument(false));
+    host().clearFaults();
+    state().documents.insert(state().documents.begin(), nullptr);
+    EXPECT_FALSE(ZORBAppUtilities::openAndActivateDocument(MxtString(kOpen.c_str()), false));
+}
+
+TEST_F(Documents, APlotWindowGoesToTheActiveLayoutInTheParameterOrderGiven)
+{
+    MxtString message(L"untouched");
+    EXPECT_TRUE(ZORBAppUtilities::plotLayout(MxtString(L"DWG To PDF.pc3"), MxtString(L"Layout2"),
+                                             ZbDbPlotSettings::kWindow, 0, 10, 0, 5, message));
+    EXPECT_EQ(text(message), L"untouched");
+    ASSERT_EQ(state().plotJobs.size(), 1u);
+    const sim::PlotJob& job = state().plotJobs[0];
+    EXPECT_EQ(job.device, std::wstring(L"DWG To PDF.pc3"));
+    EXPECT_THAT(job.layouts, ElementsAre(L"Layout2"));
+    EXPECT_EQ(job.plotType, 4);
+    ASSERT_TRUE(job.window);
+    EXPECT_EQ((std::vector<double>{job.window->lowerLeftX, job.window->lowerLeftY, job.window->upperRightX,
+                                   job.window->upperRightY}),
+              (std::vector<double>{0, 0, 10, 5}));
+    EXPECT_THAT(hostCalls(), ::testing::IsSupersetOf({"HostLayout.SetWindowToPlot", "HostLayout.put_PlotType",
+                                                      "HostPlot.put_NumberOfCopies", "HostPlot.put_QuietErrorMode",
+                                                      "HostPlot.StartBatchMode", "HostPlot.SetLayoutsToPlot"}));
+    EXPECT_EQ(typedHostCalls().back(), "HostPlot.PlotToDevice(VT_BSTR)");
+}
+
+TEST_F(Documents, AnEmptyDeviceIsTheMissingArgumentAndOnlyMinusOneIsSuccess)
+{
+    MxtString message(L"untouched");
+    EXPECT_TRUE(ZORBAppUtilities::plotLayout(MxtString(L""), MxtString(L"Layout1"), ZbDbPlotSettings::PlotType(1), 0,
+                                             0, 0, 0, message));
+    EXPECT_EQ(host().journal().entries().back().arguments[0].value, "DISP_E_PARAMNOTFOUND");
+    EXPECT_FALSE(state().plotJobs.back().window);
+    EXPECT_EQ(state().plotJobs.back().plotType, 1);
+
+    arm(answering("HostPlot.PlotToDevice", rawNumber(1)));
+    EXPECT_FALSE(ZORBAppUtilities::plotLayout(MxtString(L""), MxtString(L"Layout1"), ZbDbPlotSettings::PlotType(1),
+                                              0, 0, 0, 0, message));
+    EXPECT_EQ(text(message), L"untouched");
+}
+
+TEST_F(Documents, AFailedPlotHandsBackItsMessageAndNoActiveLayoutStillPlots)
+{
+    state().activeDocument->activeLayout = nullptr;
+    MxtString message(L"untouched");
+    EXPECT_TRUE(ZORBAppUtilities::plotLayout(MxtString(L""), MxtString(L"Layout1"), ZbDbPlotSettings::kWindow, 0, 1,
+                                             0, 1, message));
+    const std::vector<std::string> calls = hostCalls();
+    EXPECT_EQ(std::count(calls.begin(), calls.end(), "HostLayout.SetWindowToPlot"), 0);
+
+    arm(failingCall("HostPlot.StartBatchMode", 0, E_ACCESSDENIED));
+    EXPECT_FALSE(ZORBAppUtilities::plotLayout(MxtString(L""), MxtString(L"Layout1"), ZbDbPlotSettings::kWindow, 0,
+                                              1, 0, 1, message));
+    EXPECT_FALSE(text(message).empty());
+    EXPECT_NE(text(message), L"untouched");
+}
+
+TEST_F(Documents, ZoomingPassesThePointsAndKeepsOneReferenceOnTheApplication)
+{
+    ZbAxPoint2d lowerLeft(1, 2);
+    ZbAxPoint2d upperRight(30, 40);
+    const _variant_t first(lowerLeft.asVariantPtr());
+    const _variant_t second(upperRight.asVariantPtr());
+    EXPECT_TRUE(ZORBAppUtilities::zoomWindow(first, second));
+    ASSERT_EQ(state().zoomRequests.size(), 1u);
+    EXPECT_EQ(state().zoomRequests[0].upperRightY, 40);
+    EXPECT_EQ(host().referencesHeld(), 1);
+    releaseKeptApplicationReference();
+
+    arm(failingCall("HostApplication.ZoomWindow"));
+    EXPECT_EQ(failureOf([&] { ZORBAppUtilities::zoomWindow(first, second); }).Error(), kInjectedStatus);
+    releaseKeptApplicationReference();
+    host().clearFaults();
+    arm(faultOfKind(sim::FaultKind::noDispatch));
+    EXPECT_TRUE(ZORBAppUtilities::zoomWindow(first, second));
+    EXPECT_EQ(host().referencesHeld(), 0);
+}
