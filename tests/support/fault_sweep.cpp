@@ -217,6 +217,7 @@ private:
             [&](const sim::JournalEntry&) { m_history.push_back(sim::clone(host.state())); });
         const RunOutcome outcome = runGuarded(m_operation);
         host.journal().setObserver(nullptr);
+        letGoOfTheKeptReference(host);
         expectNoExceptionEscaped(outcome);
         if (!outcome.raised && !outcome.raisedOther)
             m_operation.expectSuccess(host);
@@ -310,6 +311,7 @@ private:
         const bool reached = faultReached(host);
 #endif
         host.clearFaults();
+        letGoOfTheKeptReference(host);
         checkOutcome(site, reached, outcome, host);
         if (!isSkipped(site))
             checkHostState(site, reached, host.state());
@@ -355,6 +357,15 @@ private:
         EXPECT_FALSE(site.mustRaise) << "the failure did not reach the caller";
         if (m_operation.expectFailure)
             m_operation.expectFailure(host);
+    }
+
+    // The application reference an operation keeps by design is no leftover: it is held exactly
+    // when the run reached the application, and is let go here.
+    void letGoOfTheKeptReference(const sim::Host& host) const
+    {
+        if (!m_operation.keepsApplicationReference || host.referencesHeld() != 1)
+            return;
+        releaseKeptApplicationReference();
     }
 
     bool isSkipped(const FaultSite& site) const

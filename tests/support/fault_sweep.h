@@ -54,6 +54,10 @@ struct SweptOperation {
     std::vector<std::string> skippedWhenFailing;
     std::vector<std::string> skippedWhenWithheld;
 
+    // Whether the operation keeps one reference on the host application by design (zoomWindow):
+    // after a run that reached the application, that one reference is expected, and then let go.
+    bool keepsApplicationReference = false;
+
     // The host each run starts from (called once per run, so nodes are never shared between runs).
     // The sweep makes it strict about argument types.
     std::function<sim::HostState()> initialState = [] { return sim::defaultHostState(); };

@@ -3,6 +3,8 @@
 #include "objects/host_object.h"
 #include "objects/objects.h"
 
+#include <algorithm>
+
 namespace sim::detail {
 namespace {
 
@@ -122,6 +124,9 @@ public:
             return call.status();
         if (names.empty())
             return call.fail(E_INVALIDARG, L"the list of layouts to plot is empty");
+        // No layout is without a name: a list holding an empty (or null) one cannot be plotted.
+        if (std::any_of(names.begin(), names.end(), [](const std::wstring& name) { return name.empty(); }))
+            return call.fail(E_INVALIDARG, L"a layout to plot has no name");
         settings().layoutsToPlot = std::move(names);
         return call.succeed();
     }
