@@ -17,6 +17,7 @@
 #include "automation.h"
 #include "host/application.h"
 #include "host/plot_settings.h"
+#include "host/sdk.h"
 
 #include <nlohmann/json.hpp>
 
@@ -110,6 +111,28 @@ struct LongValue {
     static nlohmann::json write(Held held) { return held; }
 };
 
+// [x, y], made into the host's point variant with the SDK's ZbAxPoint2d, as MX code makes it.
+struct PointValue {
+    using Held = _variant_t;
+    static Held read(const nlohmann::json& value, const InputPlace& place)
+    {
+        if (!value.is_array() || value.size() != 2)
+            place.fail("expected a point [x, y]");
+        ZbAxPoint2d point(readDouble(value[0], place / 0), readDouble(value[1], place / 1));
+        return _variant_t(point.asVariantPtr());
+    }
+    static nlohmann::json write(const Held& held)
+    {
+        if (V_VT(&held) != (VT_ARRAY | VT_R8))
+            return nullptr;
+        double* coordinates = nullptr;
+        SafeArrayAccessData(V_ARRAY(&held), reinterpret_cast<void**>(&coordinates));
+        const nlohmann::json point = {coordinates[0], coordinates[1]};
+        SafeArrayUnaccessData(V_ARRAY(&held));
+        return point;
+    }
+};
+
 struct DoubleValue {
     using Held = double;
     static Held read(const nlohmann::json& value, const InputPlace& place)
@@ -172,6 +195,9 @@ template <> struct ArgumentKind<long> : ParameterKind<LongValue, false> {
 };
 template <> struct ArgumentKind<long&> : ParameterKind<LongValue, true> {
     static constexpr const char* name = "output long";
+};
+template <> struct ArgumentKind<const _variant_t&> : ParameterKind<PointValue, false> {
+    static constexpr const char* name = "point";
 };
 template <> struct ArgumentKind<double> : ParameterKind<DoubleValue, false> {
     static constexpr const char* name = "double";

@@ -273,6 +273,39 @@ constexpr const char* kDemoScenario = R"json({
       }
     },
     {
+      "title": "A project drawing is opened and made active, DWGCHECK held at 0 meanwhile and put back",
+      "call": "openAndActivateDocument",
+      "args": { "path": "C:\\Projects\\Warehouse 12\\Drawings\\GA-002.dwg", "activate": true },
+      "expect": { "result": true }
+    },
+    {
+      "expectHost": { "/activeDocument": 1, "/systemVariables/DWGCHECK": 1 }
+    },
+    {
+      "title": "A window of its layout is plotted with the layout's own configuration",
+      "call": "plotLayout",
+      "args": { "plotConfigName": "", "layoutName": "Layout1", "plotType": 4, "x1": 0, "x2": 10, "y1": 0, "y2": 5, "errorMessage": "none" },
+      "expect": { "result": true, "outputs": { "errorMessage": "none" } }
+    },
+    {
+      "expectHost": { "/plotJobs/0/device": null, "/plotJobs/0/window": { "lowerLeft": [0.0, 0.0], "upperRight": [10.0, 5.0] } }
+    },
+    {
+      "title": "The view is zoomed (the operation keeps one reference on the application, by design)",
+      "call": "zoomWindow",
+      "args": { "lowerLeft": [0, 0], "upperRight": [20, 10] },
+      "expect": { "result": true }
+    },
+    {
+      "title": "The drawing is closed without saving",
+      "call": "closeActiveDocument",
+      "args": { "saveChanges": false },
+      "expect": { "result": true }
+    },
+    {
+      "expectHost": { "/documents/0/fullFileName": "C:\\Projects\\Warehouse 12\\Drawings\\GA-001.dwg", "/activeDocument": 0 }
+    },
+    {
       "title": "Both MX groups are unloaded",
       "call": "unloadMenus",
       "args": { "menuFiles": [ "C:\\Program Files\\MX\\Support\\MX", "C:\\Program Files\\MX\\Support\\MXTOOLS" ] },
