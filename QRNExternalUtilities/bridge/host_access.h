@@ -10,6 +10,14 @@ namespace external_utilities {
 // framework object has no automation face, or it refuses the interface. Raises nothing.
 HostApplicationPtr getHostApplication();
 
+// One object read from the host application, which is let go before the object is used; null when
+// there is no application. `read` raises as the host calls it makes do.
+template <class ObjectPtr, class Read> ObjectPtr readFromApplication(Read read)
+{
+    const HostApplicationPtr application = getHostApplication();
+    return application ? read(*application) : ObjectPtr();
+}
+
 // The host's file-location preferences, or null when the host gives none. Raises the automation
 // failure when a host call fails, and E_POINTER when there is no application or no preferences.
 HostPreferencesFilesPtr getHostPreferencesFiles();

@@ -21,13 +21,8 @@ HostMenuGroupsPtr readMenuGroups()
 
 HostMenuGroupPtr findMenuGroup(const MxtString& groupName)
 {
-    HostMenuGroupsPtr groups;
-    {
-        const HostApplicationPtr application = getHostApplication();
-        if (!application)
-            return HostMenuGroupPtr();
-        groups = application->GetMenuGroups();
-    }
+    const HostMenuGroupsPtr groups = readFromApplication<HostMenuGroupsPtr>(
+        [](HostApplication& application) { return application.GetMenuGroups(); });
     if (!groups)
         return HostMenuGroupPtr();
     HostMenuGroupPtr found;

@@ -63,13 +63,8 @@ bool ZORBAppUtilities::closeActiveDocument(bool saveChanges)
 {
     bool closed = false;
     catchAutomationFailure([&] {
-        HostDocumentPtr document;
-        {
-            const HostApplicationPtr application = getHostApplication();
-            if (!application)
-                return;
-            document = application->GetActiveDocument();
-        }
+        const HostDocumentPtr document = readFromApplication<HostDocumentPtr>(
+            [](HostApplication& application) { return application.GetActiveDocument(); });
         if (!document)
             return;
         const _bstr_t fullFileName = document->GetFullFileName();
@@ -88,13 +83,8 @@ bool ZORBAppUtilities::openAndActivateDocument(const MxtString& path, bool activ
     bool open = false;
     DrawingCheckHold drawingCheck;
     catchAutomationFailure([&] {
-        HostDocumentsPtr documents;
-        {
-            const HostApplicationPtr application = getHostApplication();
-            if (!application)
-                return;
-            documents = application->GetDocuments();
-        }
+        const HostDocumentsPtr documents = readFromApplication<HostDocumentsPtr>(
+            [](HostApplication& application) { return application.GetDocuments(); });
         if (!documents)
             return;
         if (const HostDocumentPtr already = findOpenDocument(*documents, path)) {

@@ -39,19 +39,14 @@ void setPlotWindow(HostLayout& layout, double x1, double y1, double x2, double y
 }  // namespace
 
 bool ZORBAppUtilities::plotLayout(const MxtString& plotConfigName, const MxtString& layoutName,
-                                  ZbDbPlotSettings::PlotType plotType, double x1, double x2, double y1, double y2,
-                                  MxtString& errorMessage)
+                                  ZbDbPlotSettings::PlotType plotType, double x1, double x2, double y1,
+                                  double y2, MxtString& errorMessage)
 {
     bool plotted = false;
     catchAutomationFailure(
         [&] {
-            HostDocumentPtr document;
-            {
-                const HostApplicationPtr application = getHostApplication();
-                if (!application)
-                    return;
-                document = application->GetActiveDocument();
-            }
+            const HostDocumentPtr document = readFromApplication<HostDocumentPtr>(
+                [](HostApplication& application) { return application.GetActiveDocument(); });
             if (!document)
                 return;
             const _variant_t layouts = layoutList(layoutName);

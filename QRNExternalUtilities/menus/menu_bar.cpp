@@ -12,8 +12,8 @@ namespace {
 
 HostMenuBarPtr readMenuBar()
 {
-    const HostApplicationPtr application = getHostApplication();
-    return application ? application->GetMenuBar() : HostMenuBarPtr();
+    return readFromApplication<HostMenuBarPtr>(
+        [](HostApplication& application) { return application.GetMenuBar(); });
 }
 
 }  // namespace

@@ -34,13 +34,8 @@ HostPopupMenuPtr findSnapMenu()
 {
     HostPopupMenuPtr snap;
     catchAutomationFailureQuietly([&] {
-        HostMenuGroupsPtr groups;
-        {
-            const HostApplicationPtr application = getHostApplication();
-            if (!application)
-                return;
-            groups = application->GetMenuGroups();
-        }
+        const HostMenuGroupsPtr groups = readFromApplication<HostMenuGroupsPtr>(
+            [](HostApplication& application) { return application.GetMenuGroups(); });
         if (!groups)
             return;
         HostMenuGroupPtr mx;
