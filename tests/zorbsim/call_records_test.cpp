@@ -1,13 +1,15 @@
-// What the runner and the reports show of the core library's records during each call: contract
-// reports and changes of the support path global. No exported operation of the module trips a
-// contract check from a scenario, and none can be made to keep the global's address or its text,
-// so stand-in operations make the calls; tests/zorbsim/support-paths.json runs the module's own.
+// What the runner and the reports show of each call beyond its outcome: the core library's contract
+// reports, changes of the support path global, and host references left held. No exported operation
+// of the module trips a contract check from a scenario, keeps the global's address or its text, or
+// leaks a reference, so stand-in operations make the calls; tests/zorbsim/support-paths.json and
+// documents.json run the module's own.
 #include "report.h"
 #include "runner.h"
 
 #include "operation_binding.h"
 
 #include "MxtGlobalStorage"
+#include "ZORBAppUtilities.h"
 #include "sim/host.h"
 
 #include <gmock/gmock.h>
@@ -49,12 +51,25 @@ void dropSupportPaths()
     MxtGlobalStorage::g_pZorbSupportPaths = nullptr;
 }
 
+// Takes `count` references on the host application and never gives them back.
+bool holdApplication(long count)
+{
+    for (long taken = 0; taken < count; ++taken) {
+        IDispatch* application = nullptr;
+        ZORBAppUtilities::getCADAppDispatch(&application);
+    }
+    return true;
+}
+
 const Operation kThirdFolder = zorbsim::bindOperation("StandIn", "thirdFolder", &thirdFolder, "folders");
 const Operation kReplace =
     zorbsim::bindOperation("StandIn", "replaceSupportPaths", &replaceSupportPaths, "text");
 const Operation kAppend =
     zorbsim::bindOperation("StandIn", "appendToSupportPaths", &appendToSupportPaths, "tail");
 const Operation kDrop = zorbsim::bindOperation("StandIn", "dropSupportPaths", &dropSupportPaths);
+const Operation kHold = zorbsim::bindOperation("StandIn", "holdApplication", &holdApplication, "count");
+const Operation kHoldByDesign = zorbsim::bindOperation("StandIn", "holdApplication", &holdApplication, "count")
+                                    .keeping({1, "its application reference"});
 
 class CallRecords : public testing::Test {
 protected:
@@ -147,6 +162,34 @@ TEST_F(CallRecords, SupportPathsShowWhenTheCallChangedThePointerOrItsText)
     const json steps = jsonSteps();
     EXPECT_EQ(steps[4].at("zorbSupportPaths"), json(nullptr));
     EXPECT_FALSE(steps[5].contains("zorbSupportPaths"));
+}
+
+// References are counted per call, so one kept earlier does not show again at the next step, and
+// only what an operation declares it keeps is taken as known.
+TEST_F(CallRecords, ReferencesACallLeftHeldAreKnownWhenDeclaredAndFailTheStepOtherwise)
+{
+    call(kHoldByDesign, {{"count", 1}});
+    call(kThirdFolder, {{"folders", {"A", "B", "C"}}});
+    call(kHoldByDesign, {{"count", 2}});
+    call(kHold, {{"count", 1}});
+
+    std::vector<std::pair<long, long>> keptAndLeaked;
+    std::vector<bool> passed;
+    for (const zorbsim::StepResult& step : run().steps) {
+        keptAndLeaked.emplace_back(step.referencesKept, step.referencesLeaked);
+        passed.push_back(step.passed());
+    }
+    EXPECT_THAT(keptAndLeaked, ElementsAre(std::pair(1L, 0L), std::pair(0L, 0L), std::pair(1L, 1L), std::pair(0L, 1L)));
+    EXPECT_THAT(passed, ElementsAre(true, true, false, false));
+
+    const std::string text = textReport();
+    EXPECT_THAT(text, HasSubstr("  -> true\n  kept: 1 host reference(s), as holdApplication keeps its application "
+                                "reference by design\n\nstep 2"));
+    EXPECT_THAT(text, HasSubstr("by design\n  leak: the call left 1 host reference(s) held\n\nstep 4"));
+    EXPECT_THAT(text, HasSubstr("\n2 passed, 2 failed\n"));
+    const json steps = jsonSteps();
+    EXPECT_EQ(steps[0].at("referencesKept"), 1);
+    EXPECT_EQ(steps[3].at("referencesLeaked"), 1);
 }
 
 }  // namespace

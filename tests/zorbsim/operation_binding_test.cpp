@@ -183,4 +183,44 @@ TEST(MenuItemBinding, RejectsMalformedItemsNamingTheirPlace)
                 HasSubstr("/args/items/1/macro: expected a string"));
 }
 
+// Reads back what a point variant holds, the way the host does.
+MxtString describePoints(const _variant_t& lowerLeft, const _variant_t& upperRight)
+{
+    std::wstring text;
+    for (const _variant_t* point : {&lowerLeft, &upperRight}) {
+        double* xy = nullptr;
+        SafeArrayAccessData(V_ARRAY(point), reinterpret_cast<void**>(&xy));
+        text += std::to_wstring(V_VT(point)) + L":" + std::to_wstring(xy[0]) + L"," + std::to_wstring(xy[1]) + L" ";
+        SafeArrayUnaccessData(V_ARRAY(point));
+    }
+    return MxtString(text.c_str());
+}
+
+const Operation kPoints = zorbsim::bindOperation("StandIn", "describePoints", &describePoints, "lowerLeft", "upperRight");
+
+std::string pointRejection(const json& lowerLeft)
+{
+    try {
+        (void)kPoints.bind({{"lowerLeft", lowerLeft}, {"upperRight", {0, 0}}}, InputPlace("test.json") / "args");
+    }
+    catch (const InputError& error) {
+        return error.what();
+    }
+    return "accepted";
+}
+
+TEST(PointBinding, PassesEachPointAsTheHostsDoubleArrayVariant)
+{
+    EXPECT_EQ(kPoints.signature(), "StandIn::describePoints(lowerLeft: point, upperRight: point) -> string");
+    const zorbsim::CallOutcome outcome =
+        kPoints.bind({{"lowerLeft", {1.5, -2}}, {"upperRight", {300, 400.25}}}, InputPlace("test.json")).run();
+    const std::string doubleArray = std::to_string(VT_ARRAY | VT_R8);
+    EXPECT_EQ(outcome.result, json(doubleArray + ":1.500000,-2.000000 " + doubleArray + ":300.000000,400.250000 "));
+
+    EXPECT_THAT(pointRejection(json::array({1.0})), HasSubstr("/args/lowerLeft: expected a point [x, y]"));
+    EXPECT_THAT(pointRejection({{"x", 1}, {"y", 2}}), HasSubstr("/args/lowerLeft: expected a point [x, y]"));
+    EXPECT_THAT(pointRejection(json::array({1, 2, 3})), HasSubstr("/args/lowerLeft: expected a point [x, y]"));
+    EXPECT_THAT(pointRejection(json::array({1, "2"})), HasSubstr("/args/lowerLeft/1: expected a number"));
+}
+
 }  // namespace

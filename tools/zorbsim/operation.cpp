@@ -12,6 +12,12 @@ Operation::Operation(std::string className, std::string name, std::vector<Parame
 {
 }
 
+Operation Operation::keeping(KeptReferences kept) &&
+{
+    m_keptReferences = std::move(kept);
+    return std::move(*this);
+}
+
 const ParameterInfo* Operation::findParameter(const std::string& name) const
 {
     for (const ParameterInfo& parameter : m_parameters) {
@@ -29,6 +35,8 @@ std::string Operation::signature() const
     text += ")";
     if (m_result)
         text += " -> " + m_result->kind;
+    if (m_keptReferences)
+        text += "  (keeps " + m_keptReferences->what + ")";
     return text;
 }
 

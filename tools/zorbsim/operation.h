@@ -38,6 +38,13 @@ struct CallOutcome {
     std::vector<std::pair<std::string, nlohmann::json>> outputs;
 };
 
+// Host references an operation keeps on purpose after it returns (zoomWindow keeps its
+// application's): the report shows them as the operation's known behaviour, not as a leak.
+struct KeptReferences {
+    long count = 0;
+    std::string what;  // "its application reference"
+};
+
 // A call with its arguments converted for the module, ready to run once the host is in place.
 struct BoundCall {
     nlohmann::json arguments;            // every parameter by name, outputs with their starting values
@@ -59,6 +66,10 @@ public:
     const std::vector<ParameterInfo>& parameters() const { return m_parameters; }
     const std::optional<ResultInfo>& result() const { return m_result; }
     const ParameterInfo* findParameter(const std::string& name) const;
+    const std::optional<KeptReferences>& keptReferences() const { return m_keptReferences; }
+
+    // The same operation, declared to keep `kept` host references by design.
+    Operation keeping(KeptReferences kept) &&;
 
     // "ZORBAppUtilities::getHatchFilePath(valueName: string, path: output string) -> bool"
     std::string signature() const;
@@ -75,6 +86,7 @@ private:
     std::vector<ParameterInfo> m_parameters;
     std::optional<ResultInfo> m_result;
     Binder m_binder;
+    std::optional<KeptReferences> m_keptReferences;
 };
 
 }  // namespace zorbsim

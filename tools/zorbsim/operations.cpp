@@ -68,7 +68,8 @@ const std::vector<Operation>& operationTable()
                       "path", "activate"),
         bindOperation("ZORBAppUtilities", "plotLayout", &ZORBAppUtilities::plotLayout, "plotConfigName",
                       "layoutName", "plotType", "x1", "x2", "y1", "y2", "errorMessage"),
-        bindOperation("ZORBAppUtilities", "zoomWindow", &ZORBAppUtilities::zoomWindow, "lowerLeft", "upperRight"),
+        bindOperation("ZORBAppUtilities", "zoomWindow", &ZORBAppUtilities::zoomWindow, "lowerLeft", "upperRight")
+            .keeping({1, "its application reference"}),
         bindOperation("CADPlotUtilities", "addMXPathToCADPrinterStyleSheetPath",
                       &CADPlotUtilities::addMXPathToCADPrinterStyleSheetPath),
         bindOperation("CADPlotUtilities", "addPathesToCADAppSupportPath",

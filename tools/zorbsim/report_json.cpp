@@ -42,7 +42,8 @@ void addCall(Json& report, const CallStep& call, const StepResult& result, bool 
     }
     if (result.otherException)
         report["exception"] = *result.otherException;
-    report["referencesHeld"] = result.referencesHeld;
+    report["referencesKept"] = result.referencesKept;
+    report["referencesLeaked"] = result.referencesLeaked;
     if (!result.assertionReports.empty()) {
         Json assertions = Json::array();
         for (const MxtAssert::Report& assertion : result.assertionReports)

@@ -64,8 +64,11 @@ void printOutcome(std::ostream& out, const Operation& operation, const StepResul
     else if (result.otherException) {
         out << "  -> exception: " << *result.otherException << "\n";
     }
-    if (result.referencesHeld != 0)
-        out << "  note: the host still counts " << result.referencesHeld << " reference(s) held after the call\n";
+    if (result.referencesKept != 0)
+        out << "  kept: " << result.referencesKept << " host reference(s), as " << operation.name() << " keeps "
+            << operation.keptReferences()->what << " by design\n";
+    if (result.referencesLeaked != 0)
+        out << "  leak: the call left " << result.referencesLeaked << " host reference(s) held\n";
 }
 
 // Only what the call added: a step without reports or a changed global shows nothing here.

@@ -6,7 +6,8 @@ namespace zorbsim {
 
 bool StepResult::passed() const
 {
-    return std::all_of(expectations.begin(), expectations.end(),
+    return referencesLeaked == 0 &&
+           std::all_of(expectations.begin(), expectations.end(),
                        [](const ExpectationResult& expectation) { return expectation.passed; });
 }
 

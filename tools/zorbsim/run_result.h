@@ -39,12 +39,15 @@ struct StepResult {
     std::optional<AutomationFailure> failure;
     std::optional<std::string> otherException;  // anything but an automation failure escaped the module
     std::vector<sim::JournalEntry> hostCalls;
-    long referencesHeld = 0;  // host references still held after the call
+    // Host references the call left held: those the operation keeps by design, and the rest.
+    long referencesKept = 0;
+    long referencesLeaked = 0;
     std::vector<MxtAssert::Report> assertionReports;  // raised during the call
     std::optional<SupportPathsChange> supportPaths;   // when the call changed the global
     std::vector<ExpectationResult> expectations;
 
     bool escaped() const { return failure.has_value() || otherException.has_value(); }
+    // Every expectation held and the call leaked no host reference.
     bool passed() const;
 };
 

@@ -6,6 +6,7 @@
 #include "sim/host.h"
 #include "sim/state_json.h"
 
+#include <algorithm>
 #include <exception>
 #include <type_traits>
 
@@ -15,6 +16,7 @@ namespace {
 void runCall(sim::Host& host, const CallStep& call, StepResult& result)
 {
     host.journal().clear();
+    const long referencesBefore = host.referencesHeld();
     const CoreLibraryWatch coreLibrary;
     try {
         result.outcome = call.bound.run();
@@ -29,7 +31,10 @@ void runCall(sim::Host& host, const CallStep& call, StepResult& result)
         result.otherException = "an exception of unknown type";
     }
     result.hostCalls = host.journal().entries();
-    result.referencesHeld = host.referencesHeld();
+    const long referencesLeft = host.referencesHeld() - referencesBefore;
+    const auto& kept = call.operation->keptReferences();
+    result.referencesKept = kept ? std::min(referencesLeft, kept->count) : 0;
+    result.referencesLeaked = referencesLeft - result.referencesKept;
     result.assertionReports = coreLibrary.assertionReports();
     result.supportPaths = coreLibrary.supportPathsChange();
     result.expectations = checkCall(call.expect, result);
