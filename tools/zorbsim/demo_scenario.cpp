@@ -7,7 +7,7 @@ namespace {
 
 // Written as a scenario file would be, and read by the same reader.
 constexpr const char* kDemoScenario = R"json({
-  "description": "The MX product starts in a fresh session of the default host, puts its folders where the host looks and its menus on the host's menu bar, and takes the menus away at the end.",
+  "description": "A whole MX session on the default host: the MX product puts its folders where the host looks, its menus on the menu bar and its entries on the snap menu, arranges its toolbars, opens, plots, zooms and closes a project drawing, and at shut-down takes its snap entries, menu and menu groups away again.",
   "steps": [
     {
       "title": "The MX product finds the host application",
@@ -184,30 +184,6 @@ constexpr const char* kDemoScenario = R"json({
       }
     },
     {
-      "title": "At the end of the session it removes its snap entries",
-      "call": "removeMenuItemsFromSnapMenu",
-      "args": { "labels": [ "&Tangent", "&Quadrant", "No&de" ], "positionFromEnd": 2 },
-      "expect": { "result": true }
-    },
-    {
-      "title": "The removal starts one item before the entries: the separator, &Tangent and &Quadrant go, No&de stays",
-      "expectHost": {
-        "/menuGroups/1/menus/0/items/9/label": "&Osnap Settings...",
-        "/menuGroups/1/menus/0/items/10/label": "No&de",
-        "/menuGroups/1/menus/0/items/11/label": "MX &Beams..."
-      }
-    },
-    {
-      "title": "It takes the MX menu off the menu bar",
-      "call": "removeMenuFromMenuBar",
-      "args": { "groupName": "MX" }
-    },
-    {
-      "title": "Combining took it off already, so nothing changed: the host's six menus and MX &All",
-      "call": "getNumberOfMenusOnMenuBar",
-      "expect": { "result": 7 }
-    },
-    {
       "title": "The MX toolbars: its main toolbar is shown",
       "call": "isToolbarVisible",
       "args": { "groupName": "mx", "toolbarName": "tb_mx_main" },
@@ -306,10 +282,39 @@ constexpr const char* kDemoScenario = R"json({
       "expectHost": { "/documents/0/fullFileName": "C:\\Projects\\Warehouse 12\\Drawings\\GA-001.dwg", "/activeDocument": 0 }
     },
     {
+      "title": "The session ends: the MX product removes its snap entries",
+      "call": "removeMenuItemsFromSnapMenu",
+      "args": { "labels": [ "&Tangent", "&Quadrant", "No&de" ], "positionFromEnd": 2 },
+      "expect": { "result": true }
+    },
+    {
+      "title": "The removal starts one item before the entries: the separator, &Tangent and &Quadrant go, No&de stays",
+      "expectHost": {
+        "/menuGroups/1/menus/0/items/9/label": "&Osnap Settings...",
+        "/menuGroups/1/menus/0/items/10/label": "No&de",
+        "/menuGroups/1/menus/0/items/11/label": "MX &Beams..."
+      }
+    },
+    {
+      "title": "It takes the MX menu off the menu bar",
+      "call": "removeMenuFromMenuBar",
+      "args": { "groupName": "MX" }
+    },
+    {
+      "title": "Combining took it off already, so nothing changed: the host's six menus and MX &All",
+      "call": "getNumberOfMenusOnMenuBar",
+      "expect": { "result": 7 }
+    },
+    {
       "title": "Both MX groups are unloaded",
       "call": "unloadMenus",
       "args": { "menuFiles": [ "C:\\Program Files\\MX\\Support\\MX", "C:\\Program Files\\MX\\Support\\MXTOOLS" ] },
       "expect": { "result": true }
+    },
+    {
+      "call": "isMenuLoaded",
+      "args": { "groupName": "MX" },
+      "expect": { "result": false }
     },
     {
       "call": "isMenuLoaded",
