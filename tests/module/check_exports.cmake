@@ -3,9 +3,9 @@
 #   cmake -DLIBRARY=... -DLISTER=nm|objdump -DDEMANGLER=c++filt -P check_exports.cmake
 if(LISTER MATCHES "objdump")
   execute_process(COMMAND "${LISTER}" -p "${LIBRARY}" OUTPUT_VARIABLE listing COMMAND_ERROR_IS_FATAL ANY)
-  # The names follow the export table's heading, one "[  n] name" per line.
-  string(REGEX MATCH "\\[Ordinal/Name Pointer\\] Table[^\n]*\n(.*)" table "${listing}")
-  string(REGEX MATCHALL "\\[ *[0-9]+\\] [^\n]+" entries "${CMAKE_MATCH_1}")
+  # The names follow the export table's heading, one "[  n] name" per line up to a blank line.
+  string(REGEX MATCH "\\[Ordinal/Name Pointer\\] Table[^\n]*\n([^\n]+\n)*" table "${listing}")
+  string(REGEX MATCHALL "\\[ *[0-9]+\\] [^\n]+" entries "${table}")
   list(TRANSFORM entries REPLACE "^\\[ *[0-9]+\\] " "")
 else()
   execute_process(COMMAND "${LISTER}" -D --defined-only "${LIBRARY}" OUTPUT_VARIABLE listing COMMAND_ERROR_IS_FATAL ANY)
