@@ -8,14 +8,27 @@
 #include <limits>
 
 namespace sim::detail {
+// At the document's root the message stands alone: whoever read the document says where it is.
 void JsonReader::fail(const std::string& message) const
 {
-    throw StateError((m_path.empty() ? std::string("document") : m_path) + ": " + message);
+    throw StateError(m_path.empty() ? message : m_path + ": " + message);
 }
 
+// Appended to the parent's path as it stands: parsing the path again for every member would cost
+// time in the square of the nesting depth.
 JsonReader JsonReader::at(const std::string& key, const nlohmann::json& value) const
 {
-    return JsonReader(value, (nlohmann::json::json_pointer(m_path) / key).to_string());
+    std::string path = m_path;
+    path += '/';
+    for (const char c : key) {
+        if (c == '~')
+            path += "~0";
+        else if (c == '/')
+            path += "~1";
+        else
+            path += c;
+    }
+    return JsonReader(value, std::move(path));
 }
 
 void JsonReader::expectObject(std::initializer_list<const char*> known) const

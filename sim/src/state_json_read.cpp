@@ -13,8 +13,6 @@
 
 #include <climits>
 #include <cstdint>
-#include <fstream>
-#include <sstream>
 #include <tuple>
 
 namespace sim {
@@ -258,15 +256,20 @@ Answer readAnswer(const JsonReader& in)
     return answer;
 }
 
+constexpr const char* kFaultKinds = "failCall, nullObject, answer, noFrameworkObject, noDispatch, "
+                                    "refuseApplicationInterface, failStringAllocation, failVariantCopy";
+
 Fault readFault(const JsonReader& in)
 {
     in.expectObject({"kind", "method", "object", "nth", "status", "answer", "matchingCallsSeen"});
     Fault fault;
+    // Every kind acts differently, so none is taken for granted.
+    if (!in.member("kind"))
+        in.fail("missing \"kind\" (" + std::string(kFaultKinds) + ")");
     readMember(in, "kind", fault.kind, [](const JsonReader& value) {
         if (const auto kind = detail::faultKindNamed(text::toUtf8(value.text())))
             return *kind;
-        value.expected("a fault kind: failCall, nullObject, answer, noFrameworkObject, noDispatch, "
-                       "refuseApplicationInterface, failStringAllocation, failVariantCopy");
+        value.expected(std::string("a fault kind: ") + kFaultKinds);
     });
     // An answer succeeds: without a status of its own it succeeds with S_OK.
     if (fault.kind == FaultKind::answer)
@@ -451,13 +454,7 @@ std::vector<Fault> faultsFromJson(const nlohmann::json& document)
 
 HostState loadStateFile(const std::string& path)
 {
-    std::ifstream file(path, std::ios::binary);
-    if (!file)
-        throw StateError(path + ": cannot be read");
-    std::ostringstream contents;
-    contents << file.rdbuf();
-    const std::string text = contents.str();
-    const nlohmann::json document = parseJsonText(text, path);
+    const nlohmann::json document = loadJsonFile(path);
     try {
         return stateFromJson(document);
     }

@@ -106,7 +106,7 @@ TEST(StateJson, ErrorsNameThePathAndWhatWasExpected)
                         {{{"kind", "failCall"}, {"method", "HostMenuGroups.Item"}, {"status", "E_WHAT"}}}}}),
               "/faults/0/status: expected a status name such as \"E_FAIL\" or a code such as \"0x80004005\"");
     EXPECT_EQ(errorOf({{"activeDocument", 0}}), "/activeDocument: no open drawing at index 0");
-    EXPECT_EQ(errorOf(nlohmann::json::array()), "document: expected an object");
+    EXPECT_EQ(errorOf(nlohmann::json::array()), "expected an object");
     EXPECT_EQ(errorOf({{"drawingsOnDisk", {std::string("\xC3\x28")}}}),
               "/drawingsOnDisk/0: expected a string of valid UTF-8");
 }

@@ -1,7 +1,9 @@
 # Runs zorbsim once and checks what a user would see: the exit code, and patterns in stdout and
 # stderr. With ABSENT_FILE, that file must not exist afterwards (nothing half written).
 #   cmake -DZORBSIM=... "-DARGS=run|a.json" -DEXIT=2 [-DSTDOUT=regex] [-DSTDERR=regex]
-#         [-DABSENT_FILE=path] [-DWRITTEN_FILE=path -DWRITTEN=regex] -P check_zorbsim.cmake
+#         [-DABSENT_FILE=path] [-DWRITTEN_FILE=path -DWRITTEN=regex] [-DNO_PARTIAL_IN=folder]
+#         -P check_zorbsim.cmake
+# With NO_PARTIAL_IN, no temporary dump file may be left in that folder.
 # Arguments come separated by "|": a ";" would not survive add_test.
 string(REPLACE "|" ";" ARGS "${ARGS}")
 
@@ -36,5 +38,11 @@ if(DEFINED WRITTEN_FILE)
   file(READ "${WRITTEN_FILE}" written)
   if(NOT written MATCHES "${WRITTEN}")
     message(FATAL_ERROR "${WRITTEN_FILE} does not match: ${WRITTEN}")
+  endif()
+endif()
+if(DEFINED NO_PARTIAL_IN)
+  file(GLOB leftovers "${NO_PARTIAL_IN}/*.partial")
+  if(leftovers)
+    message(FATAL_ERROR "temporary files left behind: ${leftovers}")
   endif()
 endif()

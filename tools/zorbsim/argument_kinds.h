@@ -21,6 +21,8 @@
 
 #include <nlohmann/json.hpp>
 
+#include <climits>
+
 #include <string>
 
 namespace zorbsim {
@@ -82,7 +84,12 @@ template <class Element> struct ArrayValue {
     {
         if (!value.is_array())
             place.fail(std::string("expected an array of ") + Element::plural);
+        if (value.size() > static_cast<std::size_t>(INT_MAX))
+            place.fail("more elements than an array of the core library holds");
+        // Storage for all at once: the array would otherwise grow by eight at a time, copying
+        // everything each time.
         Held elements;
+        elements.setPhysicalLength(static_cast<int>(value.size()));
         for (std::size_t i = 0; i < value.size(); ++i)
             elements.add(Element::read(value[i], place / i));
         return elements;

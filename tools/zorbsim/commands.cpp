@@ -15,14 +15,23 @@ namespace zorbsim {
 
 int runScenarioCommand(Scenario scenario, const ReportOptions& options)
 {
+    if (options.dumpState)
+        checkDumpTarget(options.dumpStatePath);
     const RunResult run = runScenario(std::move(scenario.host), scenario.steps);
     if (options.json)
         printJsonReport(std::cout, scenario, run, options.trace);
     else
         printTextReport(std::cout, scenario, run, options.trace);
     std::cout.flush();
-    if (!options.dumpStatePath.empty())
-        writeStateFile(options.dumpStatePath, run.finalState);
+    if (options.dumpState) {
+        try {
+            writeStateFile(options.dumpStatePath, run.finalState);
+        }
+        catch (const DumpError& error) {
+            std::cerr << "zorbsim: the run is reported above, but " << error.what() << "\n";
+            return kDumpFailed;
+        }
+    }
     return run.failedSteps() == 0 ? kAllPassed : kExpectationFailed;
 }
 

@@ -1,5 +1,6 @@
 // What each subcommand does once its command line was read. Each returns the exit code; bad input
-// throws an InputError, which the caller turns into kBadInput.
+// throws an InputError, which the caller turns into kBadInput. Everything a run reads, the dump
+// target among it, is checked before the run starts.
 #pragma once
 
 #include "scenario.h"
@@ -12,12 +13,14 @@ enum ExitCode : int {
     kAllPassed = 0,
     kExpectationFailed = 1,
     kBadInput = 2,
+    kDumpFailed = 3,  // the run was reported, but --dump-state could not write the final state
 };
 
 struct ReportOptions {
     bool trace = false;          // the host calls under each call step
     bool json = false;           // the report as JSON
-    std::string dumpStatePath;   // where to write the final host state; empty: nowhere
+    bool dumpState = false;      // --dump-state was given
+    std::string dumpStatePath;   // where to write the final host state
 };
 
 int runScenarioCommand(Scenario scenario, const ReportOptions& options);

@@ -5,12 +5,6 @@
 #include "sim/json_text.h"
 #include "sim/state_json.h"
 
-#include <cerrno>
-#include <cstring>
-#include <filesystem>
-#include <fstream>
-#include <sstream>
-#include <system_error>
 
 namespace zorbsim {
 
@@ -26,17 +20,12 @@ nlohmann::json parseJsonText(const std::string& text, const std::string& source)
 
 nlohmann::json readJsonFile(const std::string& path)
 {
-    std::error_code ignored;
-    if (std::filesystem::is_directory(path, ignored))
-        throw InputError(path + ": cannot read (it is a folder)");
-    std::ifstream file(path, std::ios::binary);
-    if (!file)
-        throw InputError(path + ": cannot read (" + std::strerror(errno) + ")");
-    std::ostringstream text;
-    text << file.rdbuf();
-    if (file.bad())
-        throw InputError(path + ": cannot read");
-    return parseJsonText(text.str(), path);
+    try {
+        return sim::loadJsonFile(path);
+    }
+    catch (const sim::StateError& unreadable) {
+        throw InputError(unreadable.what());
+    }
 }
 
 }  // namespace zorbsim

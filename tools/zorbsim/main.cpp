@@ -16,7 +16,14 @@ void addReportOptions(CLI::App& command, zorbsim::ReportOptions& options)
 {
     command.add_flag("--trace", options.trace, "Print the host calls of each call step under it");
     command.add_flag("--json", options.json, "Print the report as JSON instead of text");
-    command.add_option("--dump-state", options.dumpStatePath, "Write the final host state (JSON) to FILE")
+    command
+        .add_option_function<std::string>(
+            "--dump-state",
+            [&options](const std::string& path) {
+                options.dumpState = true;
+                options.dumpStatePath = path;
+            },
+            "Write the final host state (JSON) to FILE, a regular file or a new one")
         ->type_name("FILE");
 }
 

@@ -35,7 +35,12 @@ void readHost(const json& document, const InputPlace& root, const std::string& f
     }
     else if (host.is_string()) {
         const std::string path = (std::filesystem::path(folder) / host.get<std::string>()).string();
-        scenario.host = readStateFile(path);
+        try {
+            scenario.host = readStateFile(path);
+        }
+        catch (const InputError& error) {
+            place.fail(error.what());  // the host file's own place follows the scenario's
+        }
         scenario.hostDescription = path;
     }
     else {
