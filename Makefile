@@ -1,5 +1,5 @@
 # Quick start: `make demo` runs the simulator's demo, `make test` runs both builds' test suites.
-.PHONY: demo test deps build-linux build-windows test-linux test-windows asan wine-prefix clean
+.PHONY: demo test deps build-linux build-windows test-linux test-windows asan valgrind wine-prefix clean
 
 JOBS ?= $(shell nproc)
 WINEPREFIX := $(CURDIR)/build/wineprefix
@@ -46,6 +46,10 @@ asan: deps
 	cmake --preset linux-asan >/dev/null
 	cmake --build --preset linux-asan -j $(JOBS)
 	ctest --preset linux-asan
+
+# Every linux test program and two zorbsim runs under memcheck (scripts/valgrind.sh).
+valgrind: build-linux
+	./scripts/valgrind.sh build/linux
 
 clean:
 	rm -rf build

@@ -161,6 +161,9 @@ sim::Fault failingLastCall(const Pair& pair)
     return fault;
 }
 
+// GoogleTest would otherwise print the functions' bytes.
+void PrintTo(const Pair& pair, std::ostream* out) { *out << pair.name; }
+
 class BothPaths : public testing::TestWithParam<Pair> {};
 
 TEST_P(BothPaths, AgreeOnResultOutputsHostStateAndHostCalls)

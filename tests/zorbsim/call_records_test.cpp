@@ -69,7 +69,7 @@ const Operation kAppend =
 const Operation kDrop = zorbsim::bindOperation("StandIn", "dropSupportPaths", &dropSupportPaths);
 const Operation kHold = zorbsim::bindOperation("StandIn", "holdApplication", &holdApplication, "count");
 const Operation kHoldByDesign = zorbsim::bindOperation("StandIn", "holdApplication", &holdApplication, "count")
-                                    .keeping({1, "its application reference"});
+                                    .keepingApplicationReference();
 
 class CallRecords : public testing::Test {
 protected:

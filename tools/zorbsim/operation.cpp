@@ -12,9 +12,9 @@ Operation::Operation(std::string className, std::string name, std::vector<Parame
 {
 }
 
-Operation Operation::keeping(KeptReferences kept) &&
+Operation Operation::keepingApplicationReference() &&
 {
-    m_keptReferences = std::move(kept);
+    m_keepsApplicationReference = true;
     return std::move(*this);
 }
 
@@ -35,8 +35,8 @@ std::string Operation::signature() const
     text += ")";
     if (m_result)
         text += " -> " + m_result->kind;
-    if (m_keptReferences)
-        text += "  (keeps " + m_keptReferences->what + ")";
+    if (m_keepsApplicationReference)
+        text += "  (keeps its application reference)";
     return text;
 }
 

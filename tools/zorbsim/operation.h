@@ -38,13 +38,6 @@ struct CallOutcome {
     std::vector<std::pair<std::string, nlohmann::json>> outputs;
 };
 
-// Host references an operation keeps on purpose after it returns (zoomWindow keeps its
-// application's): the report shows them as the operation's known behaviour, not as a leak.
-struct KeptReferences {
-    long count = 0;
-    std::string what;  // "its application reference"
-};
-
 // A call with its arguments converted for the module, ready to run once the host is in place.
 struct BoundCall {
     nlohmann::json arguments;            // every parameter by name, outputs with their starting values
@@ -66,10 +59,11 @@ public:
     const std::vector<ParameterInfo>& parameters() const { return m_parameters; }
     const std::optional<ResultInfo>& result() const { return m_result; }
     const ParameterInfo* findParameter(const std::string& name) const;
-    const std::optional<KeptReferences>& keptReferences() const { return m_keptReferences; }
-
-    // The same operation, declared to keep `kept` host references by design.
-    Operation keeping(KeptReferences kept) &&;
+    // Whether the operation keeps one reference on the host application by design (zoomWindow):
+    // the report shows it as the operation's known behaviour, not as a leak.
+    bool keepsApplicationReference() const { return m_keepsApplicationReference; }
+    // The same operation, declared to keep its application reference.
+    Operation keepingApplicationReference() &&;
 
     // "ZORBAppUtilities::getHatchFilePath(valueName: string, path: output string) -> bool"
     std::string signature() const;
@@ -86,7 +80,7 @@ private:
     std::vector<ParameterInfo> m_parameters;
     std::optional<ResultInfo> m_result;
     Binder m_binder;
-    std::optional<KeptReferences> m_keptReferences;
+    bool m_keepsApplicationReference = false;
 };
 
 }  // namespace zorbsim

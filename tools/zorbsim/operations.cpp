@@ -69,7 +69,7 @@ const std::vector<Operation>& operationTable()
         bindOperation("ZORBAppUtilities", "plotLayout", &ZORBAppUtilities::plotLayout, "plotConfigName",
                       "layoutName", "plotType", "x1", "x2", "y1", "y2", "errorMessage"),
         bindOperation("ZORBAppUtilities", "zoomWindow", &ZORBAppUtilities::zoomWindow, "lowerLeft", "upperRight")
-            .keeping({1, "its application reference"}),
+            .keepingApplicationReference(),
         bindOperation("CADPlotUtilities", "addMXPathToCADPrinterStyleSheetPath",
                       &CADPlotUtilities::addMXPathToCADPrinterStyleSheetPath),
         bindOperation("CADPlotUtilities", "addPathesToCADAppSupportPath",

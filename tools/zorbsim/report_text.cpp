@@ -65,8 +65,8 @@ void printOutcome(std::ostream& out, const Operation& operation, const StepResul
         out << "  -> exception: " << *result.otherException << "\n";
     }
     if (result.referencesKept != 0)
-        out << "  kept: " << result.referencesKept << " host reference(s), as " << operation.name() << " keeps "
-            << operation.keptReferences()->what << " by design\n";
+        out << "  kept: " << result.referencesKept << " host reference(s), as " << operation.name()
+            << " keeps its application reference by design\n";
     if (result.referencesLeaked != 0)
         out << "  leak: the call left " << result.referencesLeaked << " host reference(s) held\n";
 }

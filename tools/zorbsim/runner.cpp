@@ -3,6 +3,8 @@
 #include "core_library_watch.h"
 #include "expectations.h"
 
+#include "framework.h"
+#include "host/sdk.h"
 #include "sim/host.h"
 #include "sim/state_json.h"
 
@@ -32,12 +34,23 @@ void runCall(sim::Host& host, const CallStep& call, StepResult& result)
     }
     result.hostCalls = host.journal().entries();
     const long referencesLeft = host.referencesHeld() - referencesBefore;
-    const auto& kept = call.operation->keptReferences();
-    result.referencesKept = kept ? std::min(referencesLeft, kept->count) : 0;
+    result.referencesKept = call.operation->keepsApplicationReference() ? std::min(referencesLeft, 1L) : 0;
     result.referencesLeaked = referencesLeft - result.referencesKept;
     result.assertionReports = coreLibrary.assertionReports();
     result.supportPaths = coreLibrary.supportPathsChange();
     result.expectations = checkCall(call.expect, result);
+}
+
+// A real host frees its application at shut-down whatever references remain; the run does the
+// same with those kept by design, so that the simulated host's objects end with it.
+void releaseApplicationReferences(sim::Host& host, long count)
+{
+    if (count == 0)
+        return;
+    host.clearFaults();  // the scenario's faults are for the module, not for this
+    IDispatch* application = zbedGetZorbWinApp()->GetIDispatch(TRUE);
+    for (long reference = 0; reference <= count; ++reference)  // and the one just taken
+        application->Release();
 }
 
 void applyFaults(sim::Host& host, const FaultsStep& faults)
@@ -71,6 +84,10 @@ RunResult runScenario(sim::HostState state, const std::vector<Step>& steps)
         run.steps.push_back(std::move(result));
     }
     run.finalState = sim::stateToJson(host.state());
+    long kept = 0;
+    for (const StepResult& step : run.steps)
+        kept += step.referencesKept;
+    releaseApplicationReferences(host, kept);
     return run;
 }
 
