@@ -1,5 +1,7 @@
-# Quick start: `make demo` runs the simulator's demo, `make test` runs both builds' test suites.
-.PHONY: demo test deps build-linux build-windows test-linux test-windows asan wine-prefix clean
+# Quick start: `make demo` runs the simulator's demo, `make test` runs the test suites of the linux,
+# windows and linux-sanitize builds.
+.PHONY: demo test deps build-linux build-windows build-sanitize test-linux test-windows test-sanitize \
+	wine-prefix clean
 
 JOBS ?= $(shell nproc)
 WINEPREFIX := $(CURDIR)/build/wineprefix
@@ -16,6 +18,7 @@ test: deps
 	@status=0; \
 	$(MAKE) --no-print-directory test-linux || status=1; \
 	$(MAKE) --no-print-directory test-windows || status=1; \
+	$(MAKE) --no-print-directory test-sanitize || status=1; \
 	exit $$status
 
 deps:
@@ -29,11 +32,15 @@ build-windows:
 	cmake --preset windows >/dev/null
 	cmake --build --preset windows -j $(JOBS)
 
+build-sanitize:
+	cmake --preset linux-sanitize >/dev/null
+	cmake --build --preset linux-sanitize -j $(JOBS)
+
 wine-prefix:
 	@./scripts/wine-prefix.sh $(WINEPREFIX)
 
-# Each suite prints CTest's own summary; the second build runs even when the first failed,
-# and the target fails when either did.
+# Each suite prints CTest's own summary; each build runs even when one before it failed, and
+# `test` fails when any did.
 test-linux: build-linux
 	@echo "== linux =="
 	ctest --preset linux
@@ -42,10 +49,10 @@ test-windows: build-windows wine-prefix
 	@echo "== windows (Wine) =="
 	ctest --preset windows
 
-asan: deps
-	cmake --preset linux-asan >/dev/null
-	cmake --build --preset linux-asan -j $(JOBS)
-	ctest --preset linux-asan
+# The linux suite under ASan + UBSan.
+test-sanitize: build-sanitize
+	@echo "== linux-sanitize (ASan + UBSan) =="
+	ctest --preset linux-sanitize
 
 clean:
 	rm -rf build
