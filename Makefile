@@ -1,9 +1,10 @@
 # Quick start: `make demo` runs the simulator's demo, `make test` runs the test suites of the linux,
-# windows and linux-sanitize builds.
-.PHONY: demo test deps build-linux build-windows build-sanitize test-linux test-windows test-sanitize \
+# windows and linux-sanitize builds, `make fuzz` runs every fuzz target for FUZZ_SECONDS each.
+.PHONY: demo test deps build-linux build-windows build-sanitize test-linux test-windows test-sanitize fuzz \
 	wine-prefix clean
 
 JOBS ?= $(shell nproc)
+FUZZ_SECONDS ?= 60
 WINEPREFIX := $(CURDIR)/build/wineprefix
 export WINEPREFIX
 export WINEDEBUG := -all
@@ -49,10 +50,15 @@ test-windows: build-windows wine-prefix
 	@echo "== windows (Wine) =="
 	ctest --preset windows
 
-# The linux suite under ASan + UBSan.
+# The linux suite under ASan + UBSan, and a brief run of each fuzz target (CTest label "fuzz").
 test-sanitize: build-sanitize
-	@echo "== linux-sanitize (ASan + UBSan) =="
+	@echo "== linux-sanitize (ASan + UBSan, brief fuzz runs) =="
 	ctest --preset linux-sanitize
+
+# One target after another, with libFuzzer's progress as it goes; what they find is saved in
+# build/linux-sanitize/fuzz/<target>/.
+fuzz: deps build-sanitize
+	FUZZ_SECONDS=$(FUZZ_SECONDS) ctest --preset linux-sanitize -L fuzz -j 1 --verbose
 
 clean:
 	rm -rf build
