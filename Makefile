@@ -1,7 +1,10 @@
-# Quick start: `make demo` runs the simulator's demo, `make test` runs both builds' test suites.
-.PHONY: demo test deps build-linux build-windows test-linux test-windows asan valgrind wine-prefix clean
+# Quick start: `make demo` runs the simulator's demo, `make test` runs the test suites of the linux,
+# windows and linux-sanitize builds, `make fuzz` runs every fuzz target for FUZZ_SECONDS each.
+.PHONY: demo test deps build-linux build-windows build-sanitize test-linux test-windows test-sanitize fuzz \
+	valgrind wine-prefix clean
 
 JOBS ?= $(shell nproc)
+FUZZ_SECONDS ?= 60
 WINEPREFIX := $(CURDIR)/build/wineprefix
 export WINEPREFIX
 export WINEDEBUG := -all
@@ -16,6 +19,7 @@ test: deps
 	@status=0; \
 	$(MAKE) --no-print-directory test-linux || status=1; \
 	$(MAKE) --no-print-directory test-windows || status=1; \
+	$(MAKE) --no-print-directory test-sanitize || status=1; \
 	exit $$status
 
 deps:
@@ -29,11 +33,15 @@ build-windows:
 	cmake --preset windows >/dev/null
 	cmake --build --preset windows -j $(JOBS)
 
+build-sanitize:
+	cmake --preset linux-sanitize >/dev/null
+	cmake --build --preset linux-sanitize -j $(JOBS)
+
 wine-prefix:
 	@./scripts/wine-prefix.sh $(WINEPREFIX)
 
-# Each suite prints CTest's own summary; the second build runs even when the first failed,
-# and the target fails when either did.
+# Each suite prints CTest's own summary; each build runs even when one before it failed, and
+# `test` fails when any did.
 test-linux: build-linux
 	@echo "== linux =="
 	ctest --preset linux
@@ -42,10 +50,15 @@ test-windows: build-windows wine-prefix
 	@echo "== windows (Wine) =="
 	ctest --preset windows
 
-asan: deps
-	cmake --preset linux-asan >/dev/null
-	cmake --build --preset linux-asan -j $(JOBS)
-	ctest --preset linux-asan
+# The linux suite under ASan + UBSan, and a brief run of each fuzz target (CTest label "fuzz").
+test-sanitize: build-sanitize
+	@echo "== linux-sanitize (ASan + UBSan, brief fuzz runs) =="
+	ctest --preset linux-sanitize
+
+# One target after another, with libFuzzer's progress as it goes; what they find is saved in
+# build/linux-sanitize/fuzz/<target>/.
+fuzz: deps build-sanitize
+	FUZZ_SECONDS=$(FUZZ_SECONDS) ctest --preset linux-sanitize -L fuzz -j 1 --verbose
 
 # Every linux test program and two zorbsim runs under memcheck (scripts/valgrind.sh).
 valgrind: build-linux

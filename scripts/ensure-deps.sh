@@ -1,9 +1,12 @@
 #!/bin/sh
-# Installs the Debian packages the two builds need, or names them when we may not install.
+# Installs the Debian packages the builds need, or names them when we may not install.
 set -eu
 
+# clang with its sanitizer and libFuzzer runtimes (libclang-rt-dev) and llvm-symbolizer (llvm) are
+# for the linux-sanitize build.
 packages="cmake make g++ googletest libgtest-dev libgmock-dev libbenchmark-dev
-nlohmann-json3-dev libcli11-dev g++-mingw-w64-x86-64 mingw-w64-tools wine64 wine"
+nlohmann-json3-dev libcli11-dev g++-mingw-w64-x86-64 mingw-w64-tools wine64 wine
+clang libclang-rt-dev llvm"
 
 missing=""
 for p in $packages; do

@@ -36,8 +36,9 @@ void JsonReader::expectObject(std::initializer_list<const char*> known) const
     if (!m_value->is_object())
         expected("an object");
     for (const auto& [key, value] : m_value->items()) {
+        // Captured by name: clang before 16 cannot capture a structured binding in C++17.
         const bool isKnown =
-            std::any_of(known.begin(), known.end(), [&](const char* name) { return key == name; });
+            std::any_of(known.begin(), known.end(), [&key = key](const char* name) { return key == name; });
         if (!isKnown) {
             std::string names;
             for (const char* name : known)
