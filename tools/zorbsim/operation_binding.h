@@ -70,6 +70,7 @@ std::function<CallOutcome()> bind(Result (*function)(Parameters...),
     auto values = std::make_shared<const Values>(
         Values{ArgumentKind<Parameters>::read(arguments.at(names[I]), place / names[I])...});
     return [function, names, values]() {
+        (void)names;  // an operation without parameters names none
         Values held = *values;
         CallOutcome outcome;
         if constexpr (std::is_void_v<Result>)
