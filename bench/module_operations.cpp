@@ -212,7 +212,7 @@ void addMenuItemsToSnapMenu(Session& session)
 
 void addSnapEntry(Session& session)
 {
-    module_testing::addSnapEntries(session.host.state(), 1);
+    module_testing::addSnapEntries(*session.places.snapMenu, 1);
 }
 
 void removeMenuItemsFromSnapMenu(Session& session)

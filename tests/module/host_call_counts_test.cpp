@@ -100,7 +100,7 @@ sim::HostState withSoughtMenuOnMenuBar(int groups)
 // The snap menu ending in a separator and `entries` entries "Entry 1" ..., as an addition leaves it.
 sim::HostState withSnapEntries(sim::HostState state, int entries)
 {
-    addSnapEntries(state, entries);
+    addSnapEntries(snapMenuOf(state), entries);
     return state;
 }
 

@@ -143,9 +143,9 @@ sim::Toolbar& soughtToolbarOf(sim::HostState& state)
     return *soughtGroupOf(state).toolbars.back();
 }
 
-void addSnapEntries(sim::HostState& state, int entries)
+void addSnapEntries(sim::PopupMenu& snapMenu, int entries)
 {
-    auto& items = snapMenuOf(state).items;
+    auto& items = snapMenu.items;
     auto separator = std::make_shared<sim::PopupMenuItem>();
     separator->type = sim::ItemType::separator;
     items.push_back(separator);
