@@ -1,7 +1,8 @@
 # Quick start: `make demo` runs the simulator's demo, `make test` runs the test suites of the linux,
-# windows and linux-sanitize builds, `make fuzz` runs every fuzz target for FUZZ_SECONDS each.
+# windows and linux-sanitize builds, `make fuzz` runs every fuzz target for FUZZ_SECONDS each,
+# `make bench` runs the benchmarks of the module and zorbsim and writes docs/performance.md.
 .PHONY: demo test deps build-linux build-windows build-sanitize test-linux test-windows test-sanitize fuzz \
-	valgrind wine-prefix clean
+	valgrind bench wine-prefix clean
 
 JOBS ?= $(shell nproc)
 FUZZ_SECONDS ?= 60
@@ -63,6 +64,18 @@ fuzz: deps build-sanitize
 # Every linux test program and two zorbsim runs under memcheck (scripts/valgrind.sh).
 valgrind: build-linux
 	./scripts/valgrind.sh build/linux
+
+# The benchmarks' results go to build/linux/bench/ as JSON; the page is made from them.
+BENCH_OUT := build/linux/bench
+bench: deps
+	cmake --preset linux >/dev/null
+	cmake --build --preset linux -j $(JOBS) --target operations_bench scaling_bench zorbsim
+	mkdir -p $(BENCH_OUT)
+	./build/linux/bin/operations_bench --benchmark_out=$(BENCH_OUT)/operations.json --benchmark_out_format=json
+	./build/linux/bin/scaling_bench --benchmark_out=$(BENCH_OUT)/scaling.json --benchmark_out_format=json
+	./scripts/zorbsim_throughput.py build/linux/bin/zorbsim $(BENCH_OUT) 10000 100000 > $(BENCH_OUT)/zorbsim.json
+	./scripts/performance_page.py $(BENCH_OUT)/operations.json $(BENCH_OUT)/scaling.json \
+		$(BENCH_OUT)/zorbsim.json docs/performance.md
 
 clean:
 	rm -rf build

@@ -115,6 +115,18 @@ long Host::referencesHeld() const
     return core.references - core.hostReferences;
 }
 
+void Host::startTimingHostCalls()
+{
+    detail::HostCore& core = m_impl->installation.core();
+    core.timingCalls = true;
+    core.callTime = {};
+}
+
+std::chrono::nanoseconds Host::hostCallTime() const
+{
+    return std::chrono::duration_cast<std::chrono::nanoseconds>(m_impl->installation.core().callTime);
+}
+
 long Host::buffersHeld() const
 {
     return detail::hostBuffersHeld();

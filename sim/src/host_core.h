@@ -6,6 +6,8 @@
 #include "sim/journal.h"
 #include "sim/model.h"
 
+#include <chrono>
+
 namespace sim::detail {
 
 struct HostCore {
@@ -16,6 +18,9 @@ struct HostCore {
     bool installed = true;    // false once the Host was destroyed
     long references = 0;      // on all host objects of this host
     long hostReferences = 0;  // of those, the ones the host itself keeps (the framework object's)
+    // Off unless a benchmark asks: reading the clock twice per call would slow every other use.
+    bool timingCalls = false;
+    std::chrono::steady_clock::duration callTime{};  // spent inside calls while timingCalls
 };
 
 }  // namespace sim::detail

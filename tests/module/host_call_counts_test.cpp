@@ -7,6 +7,7 @@
 
 #include "support/host_test.h"
 #include "support/leftovers.h"
+#include "support/mxt_text.h"
 #include "support/sized_host.h"
 
 #include "MxtGlobalStorage"
@@ -87,14 +88,6 @@ sim::HostState smallest(int)
     return sizedHost({});
 }
 
-MxtArray<MxtString> numberedTexts(const std::wstring& prefix, int count)
-{
-    MxtArray<MxtString> texts;
-    for (int number = 1; number <= count; ++number)
-        texts.add(MxtString((prefix + std::to_wstring(number)).c_str()));
-    return texts;
-}
-
 // --- Hosts arranged beyond their sizes ---
 
 sim::HostState withSoughtMenuOnMenuBar(int groups)
@@ -107,16 +100,7 @@ sim::HostState withSoughtMenuOnMenuBar(int groups)
 // The snap menu ending in a separator and `entries` entries "Entry 1" ..., as an addition leaves it.
 sim::HostState withSnapEntries(sim::HostState state, int entries)
 {
-    auto& items = snapMenuOf(state).items;
-    auto separator = std::make_shared<sim::PopupMenuItem>();
-    separator->type = sim::ItemType::separator;
-    items.push_back(separator);
-    for (int number = 1; number <= entries; ++number) {
-        auto entry = std::make_shared<sim::PopupMenuItem>();
-        entry->label = L"Entry " + std::to_wstring(number);
-        entry->macro = L"_ENTRY" + std::to_wstring(number);
-        items.push_back(entry);
-    }
+    addSnapEntries(snapMenuOf(state), entries);
     return state;
 }
 

@@ -12,6 +12,14 @@ MxtArray<MxtString> mxtStrings(std::initializer_list<const wchar_t*> texts)
     return result;
 }
 
+MxtArray<MxtString> numberedTexts(const std::wstring& prefix, int count)
+{
+    MxtArray<MxtString> texts;
+    for (int number = 1; number <= count; ++number)
+        texts.add(MxtString((prefix + std::to_wstring(number)).c_str()));
+    return texts;
+}
+
 std::wstring text(const MxtString& value)
 {
     return std::wstring(value.getStringW(), static_cast<std::size_t>(value.length()));

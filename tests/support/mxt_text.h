@@ -12,6 +12,9 @@ namespace module_testing {
 
 MxtArray<MxtString> mxtStrings(std::initializer_list<const wchar_t*> texts);
 
+// `count` texts: `prefix` followed by 1, 2 ... `count`.
+MxtArray<MxtString> numberedTexts(const std::wstring& prefix, int count);
+
 std::wstring text(const MxtString& value);
 
 // `count` characters: `prefix` followed by as many 'x' as are needed.

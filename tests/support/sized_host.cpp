@@ -143,4 +143,18 @@ sim::Toolbar& soughtToolbarOf(sim::HostState& state)
     return *soughtGroupOf(state).toolbars.back();
 }
 
+void addSnapEntries(sim::PopupMenu& snapMenu, int entries)
+{
+    auto& items = snapMenu.items;
+    auto separator = std::make_shared<sim::PopupMenuItem>();
+    separator->type = sim::ItemType::separator;
+    items.push_back(separator);
+    for (int number = 1; number <= entries; ++number) {
+        auto entry = std::make_shared<sim::PopupMenuItem>();
+        entry->label = numbered(L"Entry ", number);
+        entry->macro = numbered(L"_ENTRY", number);
+        items.push_back(entry);
+    }
+}
+
 }  // namespace module_testing

@@ -40,4 +40,8 @@ sim::MenuGroup& soughtGroupOf(sim::HostState& state);  // the last group
 sim::PopupMenu& snapMenuOf(sim::HostState& state);     // the sought group's last menu
 sim::Toolbar& soughtToolbarOf(sim::HostState& state);  // the sought group's last toolbar
 
+// Appends to a snap menu a separator and `entries` entries "Entry 1" ... (macros "_ENTRY1" ...),
+// as an addition of that many new entries leaves it.
+void addSnapEntries(sim::PopupMenu& snapMenu, int entries);
+
 }  // namespace module_testing

@@ -8,6 +8,7 @@
 #include "sim/journal.h"
 #include "sim/model.h"
 
+#include <chrono>
 #include <memory>
 
 namespace sim {
@@ -36,6 +37,11 @@ public:
 
     // References that callers hold on host objects now (zero when every object was released).
     long referencesHeld() const;
+
+    // For benchmarks: from now on the time spent inside host calls adds up, from zero, in
+    // hostCallTime(). Off until asked, so that no other use pays for the clock.
+    void startTimingHostCalls();
+    std::chrono::nanoseconds hostCallTime() const;
 
     // Text buffers the host allocated for callers (zbedFindFile) and that were not yet given back
     // with zbHeapFree, by any host of the process.

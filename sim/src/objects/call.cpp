@@ -8,6 +8,8 @@ Call::Call(HostCore& core, const CallSubject& subject, const char* method, std::
            WhenGone whenGone)
     : m_core(core), m_subject(subject)
 {
+    if (core.timingCalls)
+        m_started = std::chrono::steady_clock::now();
     if (!core.installed) {
         // The journal belongs to the host that is gone; nothing is recorded.
         m_ended = true;
@@ -69,6 +71,8 @@ void Call::end(HRESULT status)
 {
     m_ended = true;
     m_status = status;
+    if (m_core.timingCalls)
+        m_core.callTime += std::chrono::steady_clock::now() - m_started;
     if (m_recording) {
         m_entry.status = status;
         m_core.journal.record(std::move(m_entry));

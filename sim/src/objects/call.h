@@ -7,6 +7,7 @@
 #include "host_core.h"
 #include "objects/arguments.h"
 
+#include <chrono>
 #include <initializer_list>
 #include <optional>
 #include <string>
@@ -82,6 +83,7 @@ private:
     FaultVerdict m_verdict;
     bool m_ended = false;
     HRESULT m_status = S_OK;
+    std::chrono::steady_clock::time_point m_started;  // only while the core times calls
 };
 
 template <class T> bool Call::accepts(T* output)
