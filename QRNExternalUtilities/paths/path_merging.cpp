@@ -1,6 +1,8 @@
 // Merging folders into one of the host's ";"-separated search paths.
 #include "ZORBAppUtilities.h"
 
+#include <string>
+
 void ZORBAppUtilities::preparePathes(const MxtArray<MxtString>& folders, const _bstr_t& current, _bstr_t& merged)
 {
     if (&merged != &current)
@@ -13,6 +15,8 @@ void ZORBAppUtilities::preparePathes(const MxtArray<MxtString>& folders, const _
         // text occurs inside a longer entry counts as present.
         if (lowerCurrent.find(folder.toLower()) != -1)
             continue;
-        merged = merged + L";" + folder.getStringW();
+        // The separator and the folder are joined first, so each append copies the path once.
+        const _bstr_t appended((L";" + std::wstring(folder.getStringW())).c_str());
+        merged += appended;
     }
 }

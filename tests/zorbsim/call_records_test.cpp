@@ -86,7 +86,7 @@ protected:
 
     const zorbsim::RunResult& run()
     {
-        m_run = zorbsim::runScenario(sim::defaultHostState(), m_scenario.steps);
+        m_run = zorbsim::runScenario(sim::defaultHostState(), m_scenario.steps, zorbsim::HostCalls::kept);
         return m_run;
     }
 

@@ -17,7 +17,8 @@ int runScenarioCommand(Scenario scenario, const ReportOptions& options)
 {
     if (options.dumpState)
         checkDumpTarget(options.dumpStatePath);
-    const RunResult run = runScenario(std::move(scenario.host), scenario.steps);
+    const RunResult run = runScenario(std::move(scenario.host), scenario.steps,
+                                      options.trace ? HostCalls::kept : HostCalls::dropped);
     if (options.json)
         printJsonReport(std::cout, scenario, run, options.trace);
     else

@@ -15,7 +15,7 @@
 namespace zorbsim {
 namespace {
 
-void runCall(sim::Host& host, const CallStep& call, StepResult& result)
+void runCall(sim::Host& host, const CallStep& call, HostCalls hostCalls, StepResult& result)
 {
     host.journal().clear();
     const long referencesBefore = host.referencesHeld();
@@ -32,7 +32,8 @@ void runCall(sim::Host& host, const CallStep& call, StepResult& result)
     catch (...) {
         result.otherException = "an exception of unknown type";
     }
-    result.hostCalls = host.journal().entries();
+    if (hostCalls == HostCalls::kept)
+        result.hostCalls = host.journal().entries();
     const long referencesLeft = host.referencesHeld() - referencesBefore;
     result.referencesKept = call.operation->keepsApplicationReference() ? std::min(referencesLeft, 1L) : 0;
     result.referencesLeaked = referencesLeft - result.referencesKept;
@@ -63,7 +64,7 @@ void applyFaults(sim::Host& host, const FaultsStep& faults)
 
 }  // namespace
 
-RunResult runScenario(sim::HostState state, const std::vector<Step>& steps)
+RunResult runScenario(sim::HostState state, const std::vector<Step>& steps, HostCalls hostCalls)
 {
     sim::Host host(std::move(state));
     RunResult run;
@@ -74,7 +75,7 @@ RunResult runScenario(sim::HostState state, const std::vector<Step>& steps)
             [&](const auto& action) {
                 using Action = std::decay_t<decltype(action)>;
                 if constexpr (std::is_same_v<Action, CallStep>)
-                    runCall(host, action, result);
+                    runCall(host, action, hostCalls, result);
                 else if constexpr (std::is_same_v<Action, FaultsStep>)
                     applyFaults(host, action);
                 else

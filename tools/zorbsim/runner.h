@@ -10,8 +10,14 @@
 
 namespace zorbsim {
 
+// What a run keeps of each call besides its outcome.
+enum class HostCalls {
+    dropped,  // none: a long run's memory then grows only with what the report shows
+    kept,     // every host call, for the trace
+};
+
 // Installs a host with `host` for the run and removes it afterwards. Failures that escape a call
 // are part of the result, never thrown.
-RunResult runScenario(sim::HostState host, const std::vector<Step>& steps);
+RunResult runScenario(sim::HostState host, const std::vector<Step>& steps, HostCalls hostCalls);
 
 }  // namespace zorbsim
