@@ -1,8 +1,6 @@
 // Merging folders into one of the host's ";"-separated search paths.
 #include "ZORBAppUtilities.h"
 
-#include <string>
-
 void ZORBAppUtilities::preparePathes(const MxtArray<MxtString>& folders, const _bstr_t& current, _bstr_t& merged)
 {
     if (&merged != &current)
@@ -16,7 +14,7 @@ void ZORBAppUtilities::preparePathes(const MxtArray<MxtString>& folders, const _
         if (lowerCurrent.find(folder.toLower()) != -1)
             continue;
         // The separator and the folder are joined first, so each append copies the path once.
-        const _bstr_t appended((L";" + std::wstring(folder.getStringW())).c_str());
+        const _bstr_t appended = _bstr_t(L";") + folder.getStringW();
         merged += appended;
     }
 }
