@@ -3,7 +3,6 @@
 #include "CADPlotUtilities.h"
 #include "ZORBAppUtilities.h"
 
-#include "support/leftovers.h"
 #include "support/mxt_text.h"
 #include "support/sized_host.h"
 
@@ -311,8 +310,8 @@ void zoomWindow(Session& session)
     ZbAxPoint2d lowerLeft(0, 0);
     ZbAxPoint2d upperRight(10, 5);
     Z::zoomWindow(_variant_t(lowerLeft.asVariantPtr()), _variant_t(upperRight.asVariantPtr()));
-    // Its two host calls count as the operation's: the reference kept by design is let go.
-    module_testing::releaseKeptApplicationReference();
+    // The reference kept by design is let go without a host call.
+    session.host.releaseApplicationReferences(1);
     session.host.state().zoomRequests.clear();
 }
 

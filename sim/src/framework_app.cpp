@@ -3,6 +3,8 @@
 #include "named_subject.h"
 #include "objects/objects.h"
 
+#include <stdexcept>
+
 namespace sim::detail {
 
 FrameworkApp::FrameworkApp(std::shared_ptr<HostCore> core) : m_core(std::move(core)) {}
@@ -13,6 +15,23 @@ FrameworkApp::~FrameworkApp()
         --m_core->hostReferences;
         m_application->Release();
     }
+}
+
+void FrameworkApp::releaseCallerReferences(long count)
+{
+    // Only the callers' references may go: the framework object's own keeps the application alive.
+    if (count < 0 || count > callerReferences())
+        throw std::logic_error("the callers hold fewer references on the host application than asked to release");
+    for (long reference = 0; reference < count; ++reference)
+        m_application->Release();
+}
+
+long FrameworkApp::callerReferences() const
+{
+    if (m_application == nullptr)
+        return 0;
+    m_application->AddRef();
+    return static_cast<long>(m_application->Release()) - 1;  // less the framework object's own
 }
 
 IDispatch* FrameworkApp::automationDispatch()

@@ -15,12 +15,17 @@ public:
     explicit FrameworkApp(std::shared_ptr<HostCore> core);
     ~FrameworkApp() override;
 
+    // Releases references that callers hold on the application (see Host::releaseApplicationReferences).
+    void releaseCallerReferences(long count);
+
 protected:
     // The application, still owned by the framework object (GetIDispatch adds the caller's
     // reference), or null when a fault says so.
     IDispatch* automationDispatch() override;
 
 private:
+    long callerReferences() const;
+
     std::shared_ptr<HostCore> m_core;
     HostApplication* m_application = nullptr;  // one reference, made on first demand
 };

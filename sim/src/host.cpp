@@ -115,6 +115,11 @@ long Host::referencesHeld() const
     return core.references - core.hostReferences;
 }
 
+void Host::releaseApplicationReferences(long count)
+{
+    m_impl->installation.framework().releaseCallerReferences(count);
+}
+
 void Host::startTimingHostCalls()
 {
     detail::HostCore& core = m_impl->installation.core();

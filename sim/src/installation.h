@@ -32,6 +32,7 @@ public:
 
     HostCore& core() { return *m_core; }
     CWinApp* frameworkObject() { return &m_framework; }
+    FrameworkApp& framework() { return m_framework; }
     ZbDbHostApplicationServices* services() { return &m_services; }
 
     void syncEnvironment();

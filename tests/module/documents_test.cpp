@@ -104,7 +104,7 @@ TEST_F(Documents, AnotherSeparatorGoesThroughTheHostsOpenAndAnUnfoundSecondSearc
 
 TEST_F(Documents, NoHostOrANullDocumentGivesFalse)
 {
-    arm(faultOfKind(sim::FaultKind::noFrameworkObject));
+    armFault(faultOfKind(sim::FaultKind::noFrameworkObject));
     EXPECT_FALSE(ZORBAppUtilities::openAndActivateDocument(MxtString(kOpen.c_str()), false));
     EXPECT_FALSE(ZORBAppUtilities::closeActiveDocument(false));
     host().clearFaults();
@@ -142,7 +142,7 @@ TEST_F(Documents, AnEmptyDeviceIsTheMissingArgumentAndOnlyMinusOneIsSuccess)
     EXPECT_FALSE(state().plotJobs.back().window);
     EXPECT_EQ(state().plotJobs.back().plotType, 1);
 
-    arm(answering("HostPlot.PlotToDevice", rawNumber(1)));
+    armFault(answering("HostPlot.PlotToDevice", rawNumber(1)));
     EXPECT_FALSE(ZORBAppUtilities::plotLayout(MxtString(L""), MxtString(L"Layout1"), ZbDbPlotSettings::PlotType(1),
                                               0, 0, 0, 0, message));
     EXPECT_EQ(text(message), L"untouched");
@@ -157,7 +157,7 @@ TEST_F(Documents, AFailedPlotHandsBackItsMessageAndNoActiveLayoutStillPlots)
     const std::vector<std::string> calls = hostCalls();
     EXPECT_EQ(std::count(calls.begin(), calls.end(), "HostLayout.SetWindowToPlot"), 0);
 
-    arm(failingCall("HostPlot.StartBatchMode", 0, E_ACCESSDENIED));
+    armFault(failingCall("HostPlot.StartBatchMode", 0, E_ACCESSDENIED));
     EXPECT_FALSE(ZORBAppUtilities::plotLayout(MxtString(L""), MxtString(L"Layout1"), ZbDbPlotSettings::kWindow, 0,
                                               1, 0, 1, message));
     EXPECT_FALSE(text(message).empty());
@@ -176,11 +176,11 @@ TEST_F(Documents, ZoomingPassesThePointsAndKeepsOneReferenceOnTheApplication)
     EXPECT_EQ(host().referencesHeld(), 1);
     releaseKeptApplicationReference();
 
-    arm(failingCall("HostApplication.ZoomWindow"));
+    armFault(failingCall("HostApplication.ZoomWindow"));
     EXPECT_EQ(failureOf([&] { ZORBAppUtilities::zoomWindow(first, second); }).Error(), kInjectedStatus);
     releaseKeptApplicationReference();
     host().clearFaults();
-    arm(faultOfKind(sim::FaultKind::noDispatch));
+    armFault(faultOfKind(sim::FaultKind::noDispatch));
     EXPECT_TRUE(ZORBAppUtilities::zoomWindow(first, second));
     EXPECT_EQ(host().referencesHeld(), 0);
 }

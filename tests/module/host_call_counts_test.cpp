@@ -6,7 +6,6 @@
 #include "ZORBAppUtilities.h"
 
 #include "support/host_test.h"
-#include "support/leftovers.h"
 #include "support/mxt_text.h"
 #include "support/sized_host.h"
 
@@ -334,11 +333,8 @@ bool windowZoomed()
     ZbAxPoint2d upperRight(10, 5);
     const bool zoomed = ZORBAppUtilities::zoomWindow(_variant_t(lowerLeft.asVariantPtr()),
                                                      _variant_t(upperRight.asVariantPtr()));
-    // The reference zoomWindow keeps by design is let go where the journal does not see it.
-    sim::Journal& journal = sim::Host::current()->journal();
-    journal.setEnabled(false);
-    releaseKeptApplicationReference();
-    journal.setEnabled(true);
+    // The reference zoomWindow keeps by design is let go without a host call.
+    sim::Host::current()->releaseApplicationReferences(1);
     return zoomed && hostState().zoomRequests.size() == 1;
 }
 

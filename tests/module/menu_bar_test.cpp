@@ -66,7 +66,7 @@ TEST_F(MenuBar, AddingAgainAddsTheItemsAgainButDoesNotInsertTheMenuTwice)
 
 TEST_F(MenuBar, AnItemTheHostRefusesIsLeftOutAndTheOthersAreAdded)
 {
-    arm(failingCall("HostPopupMenu.AddMenuItem", 1));
+    armFault(failingCall("HostPopupMenu.AddMenuItem", 1));
     const size_t count = firstMenu->items.size();
     ZORBAppUtilities::addMenuToMenuBar(
         MxtString(L"MX"), items({{0, L"&One", L"_one"}, {99, L"&Beyond", L"_far"}, {0, L"&Two", L"_two"}}),
@@ -91,7 +91,7 @@ TEST_F(MenuBar, UnknownGroupsAndGroupsWithoutMenusChangeNothingAndRaiseNothing)
 TEST_F(MenuBar, TheTwoFlagTestsDifferAndTheHostsRefusalReachesTheCaller)
 {
     state().menuBar.push_back(firstMenu);
-    arm(answering("HostPopupMenu.get_OnMenuBar", rawNumber(1)));
+    armFault(answering("HostPopupMenu.get_OnMenuBar", rawNumber(1)));
     EXPECT_EQ(failureOf([] { ZORBAppUtilities::addMenuToMenuBar(MxtString(L"MX"), {}, 0); }).Error(), E_FAIL);
     EXPECT_EQ(host().journal().entries().back().method, "HostPopupMenu.InsertInMenuBar");
 
@@ -131,11 +131,11 @@ TEST_F(MenuBar, MenusAreCountedAndFoundByTheirUpperCasedTag)
 
 TEST_F(MenuBar, WithoutAHostThereAreNoMenusAndFailuresReachTheCaller)
 {
-    arm(faultOfKind(sim::FaultKind::noDispatch));
+    armFault(faultOfKind(sim::FaultKind::noDispatch));
     EXPECT_EQ(ZORBAppUtilities::getNumberOfMenusOnMenuBar(), 0);
     EXPECT_FALSE(ZORBAppUtilities::isMenuLoadedOnMenuBar(MxtString(L"")));
     host().clearFaults();
-    arm(failingCall("HostPopupMenu.get_TagString", 2, DISP_E_EXCEPTION));
+    armFault(failingCall("HostPopupMenu.get_TagString", 2, DISP_E_EXCEPTION));
     EXPECT_EQ(failureOf([] { ZORBAppUtilities::isMenuLoadedOnMenuBar(MxtString(L"NOPE")); }).Error(),
               DISP_E_EXCEPTION);
 }

@@ -95,14 +95,14 @@ TEST_F(MenuCombining, TwoCallsAddTwoMenusAndNoSourceNamesGiveAnEmptyMenu)
 
 TEST_F(MenuCombining, AFailureIsSwallowedAndWhatWasDoneStays)
 {
-    arm(failingCall("HostPopupMenu.InsertInMenuBar"));
+    armFault(failingCall("HostPopupMenu.InsertInMenuBar"));
     ZORBAppUtilities::combineMenusOnMenuBar(MxtString(L"Kept"), mxtStrings({L"MX"}), 0);
     EXPECT_EQ(combined()->name, L"Kept");
     EXPECT_EQ(std::count(state().menuBar.begin(), state().menuBar.end(), combined()), 0);
 
     // A failure inside one copy ends that copy only: the next source is still copied.
     host().clearFaults();
-    arm(failingCall("HostPopupMenuItem.get_Type", 1));
+    armFault(failingCall("HostPopupMenuItem.get_Type", 1));
     ZORBAppUtilities::combineMenusOnMenuBar(MxtString(L"Partly"), mxtStrings({L"MX", L"MXTOOLS"}), 0);
     EXPECT_THAT(entriesOf(*combined()), ElementsAre(L"MX Object Snap>", L"MX &Tools>"));
     EXPECT_TRUE(combined()->items[0]->subMenu->items.empty());

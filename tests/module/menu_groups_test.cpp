@@ -41,22 +41,22 @@ TEST_F(MenuGroups, ALoadedGroupIsFoundByItsExactNameOnly)
 TEST_F(MenuGroups, APositionTheHostRefusesIsSkippedAndANullNameIsEmpty)
 {
     loadGroup(kMXMenuFile);
-    arm(failingCall("HostMenuGroups.Item", 1));
+    armFault(failingCall("HostMenuGroups.Item", 1));
     EXPECT_FALSE(ZORBAppUtilities::isMenuLoaded(MxtString(L"ZORB")));
     EXPECT_TRUE(ZORBAppUtilities::isMenuLoaded(MxtString(L"MX")));
     host().clearFaults();
-    arm(answering("HostMenuGroup.get_Name", nullAnswer()));
+    armFault(answering("HostMenuGroup.get_Name", nullAnswer()));
     EXPECT_TRUE(ZORBAppUtilities::isMenuLoaded(MxtString(L"")));
 }
 
 TEST_F(MenuGroups, WithoutAHostOrItsGroupsNothingIsLoadedAndLoadingStillAnswersTrue)
 {
-    arm(failingCall("HostApplication.get_MenuGroups"));
+    armFault(failingCall("HostApplication.get_MenuGroups"));
     EXPECT_FALSE(ZORBAppUtilities::isMenuLoaded(MxtString(L"ZORB")));
     EXPECT_TRUE(ZORBAppUtilities::loadMenus(mxtStrings({kMXMenuFile})));
     EXPECT_FALSE(ZORBAppUtilities::unloadMenus(mxtStrings({L"ZORB"})));
     host().clearFaults();
-    arm(faultOfKind(sim::FaultKind::noFrameworkObject));
+    armFault(faultOfKind(sim::FaultKind::noFrameworkObject));
     EXPECT_TRUE(ZORBAppUtilities::loadMenus(mxtStrings({kMXMenuFile})));
     EXPECT_THAT(loadedNames(state()), ElementsAre(L"ZORB"));
 }

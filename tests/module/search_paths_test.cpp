@@ -36,7 +36,7 @@ protected:
 
 TEST_F(SearchPaths, NoFoldersToAddSucceedWithoutAskingTheHost)
 {
-    arm(faultOfKind(FaultKind::noFrameworkObject));
+    armFault(faultOfKind(FaultKind::noFrameworkObject));
     MxtString merged = kUntouched;
     EXPECT_TRUE(ZORBAppUtilities::addPathesToCADAppSupportPath(MxtArray<MxtString>(), merged));
     EXPECT_EQ(merged, kUntouched);

@@ -59,7 +59,7 @@ TEST_F(SnapMenu, WhenSomeEntriesArePresentOnlyTheOthersAreAddedWithoutASeparator
 
 TEST_F(SnapMenu, AnEmptyMacroIsPresentAsSoonAsAnItemHasNoMacro)
 {
-    arm(answering("HostPopupMenuItem.get_Macro", nullAnswer(), 3));
+    armFault(answering("HostPopupMenuItem.get_Macro", nullAnswer(), 3));
     EXPECT_TRUE(ZORBAppUtilities::addMenuItemsToSnapMenu(mxtStrings({L"Nothing"}), mxtStrings({L""}), 0));
     EXPECT_EQ(snap->items.size(), 10u);
 }
@@ -126,7 +126,7 @@ TEST_F(SnapMenu, TheSnapMenuIsTheFirstUntaggedOrPM0001MenuOfTheMXGroupInAnyCase)
 
 TEST_F(SnapMenu, FailuresOutsideTheLookupReachTheCallerWithWhatWasAddedKept)
 {
-    arm(failingCall("HostPopupMenu.AddMenuItem", 2));
+    armFault(failingCall("HostPopupMenu.AddMenuItem", 2));
     EXPECT_EQ(failureOf([] { ZORBAppUtilities::addMenuItemsToSnapMenu(kLabels, kMacros, 0); }).Error(),
               kInjectedStatus);
     const std::vector<std::wstring> after = entries();
@@ -139,7 +139,7 @@ TEST_F(SnapMenu, FailuresOutsideTheLookupReachTheCallerWithWhatWasAddedKept)
               DISP_E_BADINDEX);
 
     // A null item while looking for present macros is a failure too.
-    arm(withheldObject("HostPopupMenu.Item", 1));
+    armFault(withheldObject("HostPopupMenu.Item", 1));
     EXPECT_EQ(failureOf([] { ZORBAppUtilities::addMenuItemsToSnapMenu(kLabels, kMacros, 0); }).Error(),
               E_POINTER);
 }

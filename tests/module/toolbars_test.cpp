@@ -113,7 +113,7 @@ TEST_F(Toolbars, ToolbarsAreKnownByTagAndOnlyExactYesNoValuesCount)
     EXPECT_EQ(left, -1);
 
     // A visibility of 1 is neither shown (-1) nor hidden (0): both directions leave it alone.
-    arm(answering("HostToolbar.get_Visible", rawNumber(1)));
+    armFault(answering("HostToolbar.get_Visible", rawNumber(1)));
     EXPECT_FALSE(ZORBAppUtilities::isToolbarVisible(MxtString(L"MX"), MxtString(L"TB_MX_MAIN")));
     host().journal().clear();
     EXPECT_TRUE(showHide(false, L"MX", L"TB_MX_MAIN"));
@@ -136,13 +136,13 @@ TEST_F(Toolbars, OfTwoGroupsWhoseNamesDifferInCaseTheFirstIsUsed)
 
 TEST_F(Toolbars, FailuresReachTheCallerWithWhatWasDoneKept)
 {
-    arm(failingCall("HostToolbar.get_Top"));
+    armFault(failingCall("HostToolbar.get_Top"));
     EXPECT_EQ(failureOf([&] { showHide(false, L"MX", L"TB_MX_MAIN"); }).Error(), kInjectedStatus);
     EXPECT_FALSE(toolbar(0).visible);
     EXPECT_EQ(left, 0);
     EXPECT_EQ(top, -1);
     host().clearFaults();
-    arm(failingCall("HostToolbar.get_TagString"));
+    armFault(failingCall("HostToolbar.get_TagString"));
     EXPECT_EQ(failureOf([] { ZORBAppUtilities::isToolbarVisible(MxtString(L"MX"), MxtString(L"X")); }).Error(),
               kInjectedStatus);
 }
@@ -158,7 +158,7 @@ TEST_F(Toolbars, AFlyoutShowsTheToolbarAsNamedOnTheFirstToolbarWithTheTag)
     EXPECT_EQ(*toolbar(0).buttons[2]->flyout, std::make_pair(std::wstring(L"mx"), std::wstring(L"tb_mx_main")));
     EXPECT_EQ(typedHostCalls().back(), "HostToolbarItem.AttachToolbarToFlyout(VT_BSTR, VT_BSTR)");
 
-    arm(failingCall("HostToolbarItem.AttachToolbarToFlyout"));
+    armFault(failingCall("HostToolbarItem.AttachToolbarToFlyout"));
     EXPECT_EQ(failureOf([] {
                   ZORBAppUtilities::attachToolbarToFlyout(MxtString(L"MX"), MxtString(L"TB_MX_CONNECTIONS"),
                                                           MxtString(L"ID_MX_SPLICE"));
@@ -205,7 +205,7 @@ TEST_F(Toolbars, ARefusedBitmapStepStillGivesTheNewButtonAndARefusedAddKeepsTheO
     EXPECT_TRUE(state() == before);
 
     toolbar(0).buttons[1]->tag = L"ID_MX_COLUMN";
-    arm(failingCall("HostToolbar.AddButton"));
+    armFault(failingCall("HostToolbar.AddButton"));
     EXPECT_EQ(failureOf([&] { replaceColumn(L""); }).Error(), kInjectedStatus);
     EXPECT_EQ(toolbar(0).buttons.size(), 5u);
 

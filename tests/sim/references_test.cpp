@@ -2,6 +2,7 @@
 #include "sim_test.h"
 
 #include <memory>
+#include <stdexcept>
 
 using namespace sim_testing;
 
@@ -29,6 +30,20 @@ TEST_F(References, EveryReferenceACallerTakesIsCountedUntilReleased)
         support->Release();
     }
     EXPECT_EQ(host().referencesHeld(), 0);
+}
+
+TEST_F(References, KeptApplicationReferencesAreLetGoWithoutAHostCall)
+{
+    zbedGetZorbWinApp()->GetIDispatch(TRUE);  // kept, as zoomWindow keeps its reference
+    host().journal().clear();
+    EXPECT_THROW(host().releaseApplicationReferences(2), std::logic_error);
+    EXPECT_EQ(host().referencesHeld(), 1);
+
+    host().releaseApplicationReferences(1);
+
+    EXPECT_EQ(host().referencesHeld(), 0);
+    EXPECT_TRUE(host().journal().entries().empty());
+    EXPECT_THROW(host().releaseApplicationReferences(1), std::logic_error);
 }
 
 TEST_F(References, AFailedCallGivesNoReference)

@@ -1,6 +1,6 @@
 #include "support/fault_sweep.h"
 
-#include "support/leftovers.h"
+#include "simtest/leftovers.h"
 
 #include "sim/state_json.h"
 
@@ -210,7 +210,7 @@ private:
     {
         SCOPED_TRACE("undisturbed");
         sim::Host host(strictly(m_operation.initialState()));
-        const Leftovers leftovers(host);
+        const simtest::Leftovers leftovers(host);
         host.journal().clear();
         m_history = {sim::clone(host.state())};
         host.journal().setObserver(
@@ -296,7 +296,7 @@ private:
     {
         SCOPED_TRACE(site.description);
         sim::Host host(strictly(m_operation.initialState()));
-        const Leftovers leftovers(host);
+        const simtest::Leftovers leftovers(host);
         host.journal().clear();
         if (site.onHost)
             host.armFault(site.fault);
@@ -361,11 +361,11 @@ private:
 
     // The application reference an operation keeps by design is no leftover: it is held exactly
     // when the run reached the application, and is let go here.
-    void letGoOfTheKeptReference(const sim::Host& host) const
+    void letGoOfTheKeptReference(sim::Host& host) const
     {
         if (!m_operation.keepsApplicationReference || host.referencesHeld() != 1)
             return;
-        releaseKeptApplicationReference();
+        host.releaseApplicationReferences(1);
     }
 
     bool isSkipped(const FaultSite& site) const

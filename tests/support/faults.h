@@ -1,70 +1,23 @@
-// Faults to arm on the simulated host, by what they do.
+// The test helper's faults, with a failure status of our own: a status no host call gives by
+// itself, so that a test sees it was this fault that made an operation fail.
 #pragma once
 
-#include "sim/faults.h"
-
-#include <string>
+#include "simtest/faults.h"
 
 namespace module_testing {
 
-// The status the tests make host calls fail with.
 constexpr HRESULT kInjectedStatus = static_cast<HRESULT>(0x8004C0DEL);
 
-// The nth call of `method` (0: every call) fails with `status`.
 inline sim::Fault failingCall(std::string method, int nth = 0, HRESULT status = kInjectedStatus)
 {
-    sim::Fault fault;
-    fault.kind = sim::FaultKind::failCall;
-    fault.method = std::move(method);
-    fault.nth = nth;
-    fault.status = status;
-    return fault;
+    return simtest::failingCall(std::move(method), nth, status);
 }
 
-// The nth call of `method` (0: every call) succeeds but gives no object.
-inline sim::Fault withheldObject(std::string method, int nth = 0)
-{
-    sim::Fault fault;
-    fault.kind = sim::FaultKind::nullObject;
-    fault.method = std::move(method);
-    fault.nth = nth;
-    return fault;
-}
-
-// The nth call of `method` (0: every call) succeeds with `status`, giving `answer` in place of the
-// host's own value.
-inline sim::Fault answering(std::string method, sim::Answer answer, int nth = 0, HRESULT status = S_OK)
-{
-    sim::Fault fault;
-    fault.kind = sim::FaultKind::answer;
-    fault.method = std::move(method);
-    fault.nth = nth;
-    fault.status = status;
-    fault.answer = answer;
-    return fault;
-}
-
-inline sim::Answer rawNumber(long long number)
-{
-    return {sim::Answer::Kind::number, number};
-}
-inline sim::Answer nullAnswer()
-{
-    return {sim::Answer::Kind::null, 0};
-}
-inline sim::Answer hostValue()
-{
-    return {};
-}
-
-// A fault of a kind that names no method: no framework object, no dispatch, the application
-// interface refused, a string allocation failed.
-inline sim::Fault faultOfKind(sim::FaultKind kind, int nth = 0)
-{
-    sim::Fault fault;
-    fault.kind = kind;
-    fault.nth = nth;
-    return fault;
-}
+using simtest::answering;
+using simtest::faultOfKind;
+using simtest::hostValue;
+using simtest::nullAnswer;
+using simtest::rawNumber;
+using simtest::withheldObject;
 
 }  // namespace module_testing

@@ -13,16 +13,6 @@ sim::HostState defaultHost(bool strictArguments)
 
 }  // namespace
 
-SimulatedHostTest::SimulatedHostTest(bool strictArguments)
-    : m_host(std::make_unique<sim::Host>(defaultHost(strictArguments))), m_leftovers(*m_host)
-{
-}
-
-SimulatedHostTest::~SimulatedHostTest() = default;
-
-void SimulatedHostTest::TearDown()
-{
-    m_leftovers.expectNone(*m_host);
-}
+SimulatedHostTest::SimulatedHostTest(bool strictArguments) : HostFixture(defaultHost(strictArguments)) {}
 
 }  // namespace module_testing

@@ -35,6 +35,7 @@ int main(int argc, char** argv)
 
     CLI::App app{"Runs the MX host-utilities module against the simulated Zorb host.", "zorbsim"};
     app.require_subcommand(1);
+    app.set_version_flag("--version", "zorbsim " ZORBSIM_VERSION);
 
     ReportOptions reportOptions;
     CLI::App* demo = app.add_subcommand("demo", "Play the MX product's start-up on the built-in default host");

@@ -3,8 +3,6 @@
 #include "core_library_watch.h"
 #include "expectations.h"
 
-#include "framework.h"
-#include "host/sdk.h"
 #include "sim/host.h"
 #include "sim/state_json.h"
 
@@ -42,18 +40,6 @@ void runCall(sim::Host& host, const CallStep& call, HostCalls hostCalls, StepRes
     result.expectations = checkCall(call.expect, result);
 }
 
-// A real host frees its application at shut-down whatever references remain; the run does the
-// same with those kept by design, so that the simulated host's objects end with it.
-void releaseApplicationReferences(sim::Host& host, long count)
-{
-    if (count == 0)
-        return;
-    host.clearFaults();  // the scenario's faults are for the module, not for this
-    IDispatch* application = zbedGetZorbWinApp()->GetIDispatch(TRUE);
-    for (long reference = 0; reference <= count; ++reference)  // and the one just taken
-        application->Release();
-}
-
 void applyFaults(sim::Host& host, const FaultsStep& faults)
 {
     if (faults.clear)
@@ -88,7 +74,9 @@ RunResult runScenario(sim::HostState state, const std::vector<Step>& steps, Host
     long kept = 0;
     for (const StepResult& step : run.steps)
         kept += step.referencesKept;
-    releaseApplicationReferences(host, kept);
+    // A real host frees its application at shut-down whatever references remain; the run does the
+    // same with those kept by design, so that the simulated host's objects end with it.
+    host.releaseApplicationReferences(kept);
     return run;
 }
 

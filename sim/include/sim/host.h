@@ -38,6 +38,11 @@ public:
     // References that callers hold on host objects now (zero when every object was released).
     long referencesHeld() const;
 
+    // Lets go of `count` references that callers took on the host application and kept (zoomWindow
+    // keeps one by design), as the host itself does when it shuts down. No host call is made, so
+    // no fault applies. Throws std::logic_error for more references than the callers hold.
+    void releaseApplicationReferences(long count);
+
     // For benchmarks: from now on the time spent inside host calls adds up, from zero, in
     // hostCallTime(). Off until asked, so that no other use pays for the clock.
     void startTimingHostCalls();

@@ -1,19 +1,10 @@
-#include "support/leftovers.h"
+#include "simtest/leftovers.h"
 
 #include "MxtAssert"
-#include "framework.h"
-#include "host/sdk.h"
 
 #include <gtest/gtest.h>
 
-namespace module_testing {
-
-void releaseKeptApplicationReference()
-{
-    IDispatch* application = zbedGetZorbWinApp()->GetIDispatch(TRUE);
-    application->Release();  // the one just taken
-    application->Release();  // the one kept
-}
+namespace simtest {
 
 unsigned long liveAutomationStrings()
 {
@@ -40,4 +31,4 @@ void Leftovers::expectNone(const sim::Host& host) const
                       << report.line;
 }
 
-}  // namespace module_testing
+}  // namespace simtest

@@ -1,0 +1,52 @@
+# What `cmake --install` puts in place: the libraries, zorbsim, the public headers under the names
+# the sources include them by, and the CMake package QRNExternalUtilities with namespaced targets.
+include(CMakePackageConfigHelpers)
+
+set(mx_package QRNExternalUtilities)
+set(mx_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/${mx_package})
+
+install(TARGETS QRNExternalUtilities QRNRoots sim automation framework host
+  EXPORT ${mx_package}Targets
+  RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
+  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+  ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+install(TARGETS zorbsim RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+
+install(DIRECTORY
+    ${PROJECT_SOURCE_DIR}/platform/automation/include/
+    ${PROJECT_SOURCE_DIR}/platform/framework/include/
+    ${PROJECT_SOURCE_DIR}/host/include/
+    ${PROJECT_SOURCE_DIR}/sim/include/
+    ${PROJECT_SOURCE_DIR}/QRNRoots/Exp/
+  DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+install(FILES
+    ${PROJECT_SOURCE_DIR}/QRNExternalUtilities/ZORBAppUtilities.h
+    ${PROJECT_SOURCE_DIR}/QRNExternalUtilities/CADPlotUtilities.h
+    ${PROJECT_SOURCE_DIR}/QRNExternalUtilities/DWGPropsXWrap.h
+    ${PROJECT_SOURCE_DIR}/QRNExternalUtilities/QRNExternalUtilitiesApi.h
+  DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+install(EXPORT ${mx_package}Targets NAMESPACE ${mx_package}:: DESTINATION ${mx_package_dir})
+
+# The simulated host's headers include nlohmann/json. A Windows machine has no copy of it for this
+# compiler, so the Windows package carries the headers the build used.
+if(CMAKE_CROSSCOMPILING)
+  install(DIRECTORY ${CMAKE_BINARY_DIR}/staged-headers/nlohmann DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+  set(MX_PACKAGE_CARRIES_JSON_HEADERS ON)
+else()
+  set(MX_PACKAGE_CARRIES_JSON_HEADERS OFF)
+endif()
+
+# The test helper is the package's component "testing": only it needs GoogleTest.
+if(MX_BUILD_TEST_HELPER)
+  install(TARGETS sim_testing EXPORT ${mx_package}TestingTargets ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+  install(DIRECTORY ${PROJECT_SOURCE_DIR}/testing/include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+  install(EXPORT ${mx_package}TestingTargets NAMESPACE ${mx_package}:: DESTINATION ${mx_package_dir})
+endif()
+
+configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/${mx_package}Config.cmake.in
+  ${CMAKE_BINARY_DIR}/${mx_package}Config.cmake INSTALL_DESTINATION ${mx_package_dir}
+  PATH_VARS CMAKE_INSTALL_INCLUDEDIR)
+write_basic_package_version_file(${CMAKE_BINARY_DIR}/${mx_package}ConfigVersion.cmake
+  COMPATIBILITY SameMajorVersion)
+install(FILES ${CMAKE_BINARY_DIR}/${mx_package}Config.cmake ${CMAKE_BINARY_DIR}/${mx_package}ConfigVersion.cmake
+  DESTINATION ${mx_package_dir})

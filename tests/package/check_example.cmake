@@ -1,0 +1,48 @@
+# Installs the build into a fresh prefix, then configures, builds and tests the example consumer
+# against that prefix alone, as an MX developer's project would be.
+#   cmake -DBUILD_DIR=... -DEXAMPLE_DIR=... -DWORK_DIR=... [-DTOOLCHAIN=...] -P check_example.cmake
+cmake_minimum_required(VERSION 3.25)
+
+function(run)
+  execute_process(COMMAND ${ARGV} RESULT_VARIABLE status OUTPUT_VARIABLE output ERROR_VARIABLE output)
+  if(NOT status EQUAL 0)
+    message(FATAL_ERROR "failed (${status}): ${ARGV}\n${output}")
+  endif()
+  set(output "${output}" PARENT_SCOPE)
+endfunction()
+
+set(prefix ${WORK_DIR}/prefix)
+set(build ${WORK_DIR}/example)
+file(REMOVE_RECURSE ${WORK_DIR})
+
+run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${prefix})
+
+if(TOOLCHAIN)
+  # A cross build finds packages only below its find roots: the prefix becomes one.
+  set(find_package_from -DCMAKE_TOOLCHAIN_FILE=${TOOLCHAIN} -DCMAKE_FIND_ROOT_PATH=${prefix})
+else()
+  set(find_package_from -DCMAKE_PREFIX_PATH=${prefix})
+endif()
+run(${CMAKE_COMMAND} -S ${EXAMPLE_DIR} -B ${build} ${find_package_from} -DCMAKE_BUILD_TYPE=Release
+    -DCMAKE_EXPORT_COMPILE_COMMANDS=ON)
+run(${CMAKE_COMMAND} --build ${build} -j 2)
+
+# The example must have found every header in the prefix, none in our source tree (the build
+# folder, and the prefix in it, may lie inside the source tree).
+cmake_path(GET EXAMPLE_DIR PARENT_PATH examples)
+cmake_path(GET examples PARENT_PATH source_tree)
+file(READ ${build}/compile_commands.json commands)
+string(REGEX MATCHALL "-(I|isystem ?)[^ \"]+" include_flags "${commands}")
+foreach(flag IN LISTS include_flags)
+  string(REGEX REPLACE "^-(I|isystem ?)" "" folder "${flag}")
+  cmake_path(NORMAL_PATH folder)
+  cmake_path(IS_PREFIX source_tree "${folder}" in_tree)
+  cmake_path(IS_PREFIX EXAMPLE_DIR "${folder}" in_example)
+  cmake_path(IS_PREFIX WORK_DIR "${folder}" in_work)
+  if(in_tree AND NOT in_example AND NOT in_work)
+    message(FATAL_ERROR "the example includes from the source tree: ${folder}")
+  endif()
+endforeach()
+
+run(${CMAKE_COMMAND} -E chdir ${build} ${CMAKE_CTEST_COMMAND} --output-on-failure)
+message("${output}")
