@@ -2,7 +2,8 @@
 // count follows from the operation's algorithm as fixed + perUnit·n (+ perSquare·n² where each of
 // n entries is compared with each of n items), so an extra query, property read or repeated
 // lookup shows as a count off its formula. The table below is the one place the formulas are
-// kept; docs/host-call-counts.md lists them for readers.
+// kept: docs/host-call-counts.md lists them for readers, and each test records its row as test
+// properties, so that `--gtest_output=json` gives them to the performance page.
 #include "CADPlotUtilities.h"
 #include "ZORBAppUtilities.h"
 
@@ -577,6 +578,11 @@ TEST_P(PerOperation, FollowsItsFormula)
 {
     const CountedOperation& operation = std::get<0>(GetParam());
     const int n = std::get<1>(GetParam());
+    RecordProperty("row", operation.test);
+    RecordProperty("operation", operation.operation);
+    RecordProperty("unit", operation.unit);
+    RecordProperty("measured", operation.measured);
+    RecordProperty("formula", operation.formula.text(operation.unit));
     state() = operation.host(n);
     host().syncEnvironment();
     host().journal().clear();
