@@ -201,27 +201,28 @@ void combineMenusOnMenuBar(Session& session)
 
 // --- The snap menu ---
 
+// Every entry is new, so the separator goes first.
 void addMenuItemsToSnapMenu(Session& session)
 {
-    Z::addMenuItemsToSnapMenu(module_testing::numberedTexts(L"Entry ", 1),
-                              module_testing::numberedTexts(L"_ENTRY", 1), 0);
+    Z::addMenuItemsToSnapMenu(session.snapLabels, session.snapMacros, 0);
     auto& items = session.places.snapMenu->items;
-    items.erase(items.end() - 2, items.end());  // the separator and the entry
+    items.erase(items.end() - session.snapLabels.getLength() - 1, items.end());
 }
 
-void addSnapEntry(Session& session)
+void addSnapEntries(Session& session)
 {
-    module_testing::addSnapEntries(*session.places.snapMenu, 1);
+    module_testing::addSnapEntries(*session.places.snapMenu, session.snapLabels.getLength());
 }
 
+// The removal deletes the item just before the block of entries it checks, once per entry: the
+// separator and every entry but the last, which go back where they were.
 void removeMenuItemsFromSnapMenu(Session& session)
 {
-    Z::removeMenuItemsFromSnapMenu(module_testing::numberedTexts(L"Entry ", 1), 0);
-    // One entry removed takes the separator before it away.
     auto& items = session.places.snapMenu->items;
-    auto separator = std::make_shared<sim::PopupMenuItem>();
-    separator->type = sim::ItemType::separator;
-    items.insert(items.end() - 1, separator);
+    const std::vector<std::shared_ptr<sim::PopupMenuItem>> removed(items.end() - session.snapLabels.getLength() - 1,
+                                                                    items.end() - 1);
+    Z::removeMenuItemsFromSnapMenu(session.snapLabels, 0);
+    items.insert(items.end() - 1, removed.begin(), removed.end());
 }
 
 // --- Toolbars ---
@@ -334,12 +335,14 @@ Places placesOf(sim::HostState& state, const Targets& targets)
 
 }  // namespace
 
-Session::Session(sim::Host& host, Targets targets, int folders)
+Session::Session(sim::Host& host, Targets targets, int given)
     : host(host),
       targets(std::move(targets)),
       places(placesOf(host.state(), this->targets)),
       // No path of the benchmarks' hosts holds a folder of drive N:.
-      newFolders(module_testing::numberedTexts(L"N:\\", folders))
+      newFolders(module_testing::numberedTexts(L"N:\\", given)),
+      snapLabels(module_testing::numberedTexts(L"Entry ", given)),
+      snapMacros(module_testing::numberedTexts(L"_ENTRY", given))
 {
 }
 
@@ -369,7 +372,7 @@ const std::vector<Operation>& operations()
         {"isMenuLoadedOnMenuBar", isMenuLoadedOnMenuBar},
         {"combineMenusOnMenuBar", combineMenusOnMenuBar},
         {"addMenuItemsToSnapMenu", addMenuItemsToSnapMenu},
-        {"removeMenuItemsFromSnapMenu", removeMenuItemsFromSnapMenu, addSnapEntry},
+        {"removeMenuItemsFromSnapMenu", removeMenuItemsFromSnapMenu, addSnapEntries},
         {"showHideToolbar/hiding", showHideToolbarHiding},
         {"showHideToolbar/showing", showHideToolbarShowing, hideToolbar},
         {"isToolbarVisible", isToolbarVisible},

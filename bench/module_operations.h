@@ -42,14 +42,19 @@ struct Places {
 };
 
 struct Session {
-    Session(sim::Host& host, Targets targets, int folders);
+    // `given`: how many folders the path operations, and how many entries the snap menu
+    // operations, are given.
+    Session(sim::Host& host, Targets targets, int given);
 
     sim::Host& host;
     Targets targets;
     Places places;
-    // The folders the path operations are given, none of them on a path: made once, so that
-    // their making is not timed.
+    // What the operations are given, made once, so that its making is not timed: folders that
+    // are on no path, and snap entries "Entry 1" ... with macros "_ENTRY1" ..., which no item of
+    // the benchmarks' hosts runs.
     MxtArray<MxtString> newFolders;
+    MxtArray<MxtString> snapLabels;
+    MxtArray<MxtString> snapMacros;
 };
 
 struct Operation {

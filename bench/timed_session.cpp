@@ -5,14 +5,14 @@
 namespace module_bench {
 
 void timeOperation(benchmark::State& state, const Operation& operation, sim::HostState hostState,
-                   const Targets& targets, int folders, void (*prepare)(sim::Host&))
+                   const Targets& targets, int given, void (*prepare)(sim::Host&))
 {
     sim::Host host(std::move(hostState));
     host.journal().setEnabled(false);
     host.syncEnvironment();
     if (prepare != nullptr)
         prepare(host);
-    Session session(host, targets, folders);
+    Session session(host, targets, given);
     if (operation.arrange != nullptr)
         operation.arrange(session);
 

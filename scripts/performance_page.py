@@ -1,8 +1,10 @@
 #!/usr/bin/env python3
 """Writes docs/performance.md from one run of `make bench`: the Google Benchmark JSON of
-operations_bench and scaling_bench and the JSON of zorbsim_throughput.py.
+operations_bench and scaling_bench, the JSON of zorbsim_throughput.py, and GoogleTest's JSON of the
+host-call count tests (module_tests --gtest_filter='HostCallCounts*' --gtest_output=json:...), whose
+tests record their formulas as properties.
 
-usage: performance_page.py OPERATIONS.json SCALING.json ZORBSIM.json OUT.md
+usage: performance_page.py OPERATIONS.json SCALING.json ZORBSIM.json HOST_CALL_COUNTS.json OUT.md
 """
 import datetime
 import json
@@ -47,7 +49,8 @@ def operations_table(report):
     return rows
 
 
-def scaling_table(report):
+def scaling_series(report):
+    """The runs of each series by n, and each series' fit (its BigO and RMS aggregates)."""
     series, fits = {}, {}
     for run in report["benchmarks"]:
         if run.get("run_type") == "aggregate":
@@ -56,6 +59,10 @@ def scaling_table(report):
         else:
             name, _, n = run["name"].rpartition("/")
             series.setdefault(name, {})[int(n)] = run
+    return series, fits
+
+
+def scaling_table(series, fits):
     sizes = sorted({n for runs in series.values() for n in runs})
     rows = ["| operation / n | " + " | ".join(f"n = {n:,}" for n in sizes)
             + " | fitted | RMS | overhead ratio at the largest n | the module's own time there |",
@@ -63,10 +70,82 @@ def scaling_table(report):
     for name, runs in series.items():
         big_o, rms = fits[name]["BigO"], fits[name]["RMS"]
         fitted = f"{big_o['real_coefficient']:.3g} {big_o['time_unit']} · {big_o['big_o']}"
-        times = " | ".join(duration(ns(runs[n])) for n in sizes)
-        largest = runs[sizes[-1]]
+        times = " | ".join(duration(ns(runs[n])) if n in runs else "not run" for n in sizes)
+        largest = runs[max(runs)]
         own = duration(ns(largest) - largest["host_call_ns"])
         rows.append(f"| `{name}` | {times} | {fitted} | {rms['rms'] * 100:.0f} % | {ratio(largest)} | {own} |")
+    return rows
+
+
+def snap_entries_reason(series, formulas):
+    """Why adding n snap entries to n items grows as it does, with the formula its test holds, and,
+    when the series stops short of the others, why and what its largest n would cost; then why
+    their removal does not grow so."""
+    formula = gtest_text(formulas["addMenuItemsToSnapMenu_entries_on_as_many_items"]["formula"])
+    removal = gtest_text(formulas["removeMenuItemsFromSnapMenu_entries"]["formula"])
+    lines = [
+        "- `addMenuItemsToSnapMenu/entries_on_as_many_items`: the growth is the operation's algorithm.",
+        "  Each entry given is looked for among the items the snap menu held before the call: its",
+        "  macro is compared, letter case ignored, with each item's macro (labels play no part), and",
+        "  an entry is added only when no item runs it. n new entries on n items thus take n²",
+        "  comparisons and 2·n² host calls (`Item`, `get_Macro` per entry and item; in all",
+        f"  {formula}, as held below). The module's own time grows as n²; on the simulated",
+        "  host each `get_Macro` also walks the items for its check, so the host's time grows as n³",
+        "  and takes a larger share the larger n is (the ratio falls towards 1).",
+    ]
+    runs = series.get("addMenuItemsToSnapMenu/entries_on_as_many_items", {})
+    largest = max(n for others in series.values() for n in others)
+    if runs and max(runs) < largest:
+        reached = max(runs)
+        factor = largest // reached
+        time = ns(runs[reached])
+        lines += [
+            f"  The series stops at n = {reached:,}, as a single call at n = {largest:,} would take between "
+            f"{factor}² and {factor}³",
+            f"  times its {duration(time)} at n = {reached:,}: between {duration(time * factor ** 2)} and "
+            f"{duration(time * factor ** 3)}.",
+        ]
+    return lines + [
+        "- `removeMenuItemsFromSnapMenu/entries_on_as_many_items`, for comparison, is linear in its",
+        "  comparisons: each label is compared with the one item at its place in the block, counted",
+        f"  from the menu's end ({removal}, whatever the items); its O(n²) is the host's check.",
+    ]
+
+
+def gtest_text(text):
+    """GoogleTest's JSON report writes each byte of a UTF-8 property as a character of its own."""
+    try:
+        return text.encode("latin-1").decode("utf-8")
+    except (UnicodeEncodeError, UnicodeDecodeError):
+        return text
+
+
+def formula_rows(report):
+    """The host-call count tests' rows by name, in their order, each with the sizes it ran at and those
+    it failed at."""
+    rows = {}
+    for suite in report["testsuites"]:
+        for test in suite["testsuite"]:
+            if "row" not in test:
+                continue
+            row = rows.setdefault(test["row"], {**test, "sizes": [], "failed": []})
+            n = int(test["name"].rpartition("_")[2])
+            row["sizes"].append(n)
+            if test.get("failures") or test.get("result") != "COMPLETED":
+                row["failed"].append(n)
+    return rows
+
+
+def sizes_text(sizes):
+    return ", ".join(str(n) for n in sorted(sizes))
+
+
+def formula_table(formulas):
+    rows = ["| operation | n | host calls | case measured | test | result |", "|---|---|---|---|---|---|"]
+    for row in formulas.values():
+        result = f"off its formula at n = {sizes_text(row['failed'])}" if row["failed"] else "held"
+        rows.append(f"| `{row['operation']}` | n {gtest_text(row['unit'])} | {gtest_text(row['formula'])} | "
+                    f"{gtest_text(row['measured'])} | `{row['row']}_n` (n = {sizes_text(row['sizes'])}) | {result} |")
     return rows
 
 
@@ -79,8 +158,10 @@ def zorbsim_table(runs):
 
 
 def main():
-    operations, scaling, zorbsim, out = sys.argv[1:]
-    operations, scaling = load(operations), load(scaling)
+    operations, scaling, zorbsim, host_call_counts, out = sys.argv[1:]
+    operations = load(operations)
+    series, fits = scaling_series(load(scaling))
+    formulas = formula_rows(load(host_call_counts))
     page = [
         "# Performance",
         "",
@@ -97,8 +178,8 @@ def main():
         "The **overhead ratio** is the time per call over the time spent inside host calls per call",
         "(timed by the simulated host itself, `Host::startTimingHostCalls`): 1 would mean the module",
         "costs nothing beyond its host calls. Host-call time includes the simulated host's own work, and",
-        "reading the clock twice per host call. What each operation costs in host calls is in",
-        "[host-call-counts.md](host-call-counts.md).",
+        "reading the clock twice per host call. What each operation costs in host calls, and the tests",
+        "that hold it, is in [Host calls per operation](#host-calls-per-operation) below.",
         "",
         "## Per operation, on the default host",
         "",
@@ -119,15 +200,16 @@ def main():
         "## Scaling",
         "",
         "`build/linux/bin/scaling_bench`: hosts of n of what the operation walks, the entry sought last",
-        "(`tests/support/sized_host.h`); the fit is Google Benchmark's least-squares choice among",
-        "O(1), O(log n), O(n), O(n log n), O(n²) and O(n³), with its relative RMS error. The",
+        "(`tests/support/sized_host.h`); the `entries_on_as_many_items` rows give the snap menu",
+        "operations n entries on a snap menu of n items. The fit is Google Benchmark's least-squares",
+        "choice among O(1), O(log n), O(n), O(n log n), O(n²) and O(n³), with its relative RMS error. The",
         "simulated host checks on most calls that the object called is still in the host, by a walk",
         "of its collection, so a call on one of n menus, items, toolbars, buttons, documents or menu-bar",
         "menus costs O(n) itself and a walk over them O(n²) of host time: where the overhead ratio at",
         "the largest n is near 1, the growth is the host's; where it grows with n, it is the module's",
         "(its own time is the time per call less the host calls' time).",
         "",
-        *scaling_table(scaling),
+        *scaling_table(series, fits),
         "",
         "Worse than linear, and why:",
         "",
@@ -139,7 +221,19 @@ def main():
         "  core library's array first, which grows by 8 elements and copies every group reference at",
         "  each growth, about n²/16 reference copies: the module's own time, which is why their",
         "  overhead ratio grows with n. `loadMenus` collects them again for each file.",
+        *snap_entries_reason(series, formulas),
         "- Every other O(n²) row: the simulated host's own check described above (ratio near 1).",
+        "",
+        "## Host calls per operation",
+        "",
+        "The formulas as `tests/module/host_call_counts_test.cpp` holds them, recorded by its tests in",
+        "this run of `make bench`: each row runs on hosts of size n = 1, 10 and 100 as",
+        "`HostCallCounts/PerOperation.FollowsItsFormula/<row>_<n>`, and fails when the host's journal",
+        "counts other than its formula (`make bench` goes on then, and the row's result says where).",
+        "The hosts, the calls each formula counts and the calls made on purpose are described in",
+        "[host-call-counts.md](host-call-counts.md).",
+        "",
+        *formula_table(formulas),
         "",
         "## zorbsim",
         "",

@@ -87,7 +87,9 @@ bool ZORBAppUtilities::addMenuItemsToSnapMenu(const MxtArray<MxtString>& labels,
         return false;
     // Only the items there before this call are looked at.
     const LONG count = snap->GetCount();
+    // Room for every entry at once: grown 8 at a time, the list would be copied at each growth.
     MxtArray<int> newEntries;
+    newEntries.setPhysicalLength(labels.getLength());
     for (int i = 0; i < labels.getLength(); ++i)
         if (!holdsMacro(*snap, count, macros[i]))
             newEntries.add(i);

@@ -1,7 +1,9 @@
 // How many host calls each exported operation makes, on hosts that grow in what it walks. The
-// count follows from the operation's algorithm as fixed + perUnit·n, so an extra query, property
-// read or repeated lookup shows as a count off its formula. The table below is the one place the
-// formulas are kept; docs/host-call-counts.md lists them for readers.
+// count follows from the operation's algorithm as fixed + perUnit·n (+ perSquare·n² where each of
+// n entries is compared with each of n items), so an extra query, property read or repeated
+// lookup shows as a count off its formula. The table below is the one place the formulas are
+// kept: docs/host-call-counts.md lists them for readers, and each test records its row as test
+// properties, so that `--gtest_output=json` gives them to the performance page.
 #include "CADPlotUtilities.h"
 #include "ZORBAppUtilities.h"
 
@@ -26,19 +28,23 @@ using namespace module_testing;
 
 namespace {
 
-// A number of host calls: `fixed` whatever the size, and `perUnit` more for each unit of it.
+// A number of host calls: `fixed` whatever the size, `perUnit` more for each unit of it, and
+// `perSquare` more for each pair of units.
 struct Formula {
     long fixed = 0;
     long perUnit = 0;
+    long perSquare = 0;
 
-    long operator()(long n) const { return fixed + perUnit * n; }
+    long operator()(long n) const { return fixed + perUnit * n + perSquare * n * n; }
 
-    // "4 + 2·groups", or "5" for a count that does not grow.
+    // "4 + 2·groups", "12 + 1·entries + 2·entries²", or "5" for a count that does not grow.
     std::string text(const std::string& unit) const
     {
         std::string text = std::to_string(fixed);
         if (perUnit != 0)
             text += " + " + std::to_string(perUnit) + "·" + unit;
+        if (perSquare != 0)
+            text += " + " + std::to_string(perSquare) + "·" + unit + "²";
         return text;
     }
 };
@@ -472,6 +478,9 @@ std::vector<CountedOperation> countedOperations()
          "as by groups", growing(&S::menuItems), [](int) { return snapEntriesAdded(1); }},
         {"addMenuItemsToSnapMenu_entries", "addMenuItemsToSnapMenu", "entries", "all new, over one item",
          Formula{12, 3}, "as by groups", smallest, snapEntriesAdded},
+        {"addMenuItemsToSnapMenu_entries_on_as_many_items", "addMenuItemsToSnapMenu", "entries",
+         "all new, on a snap menu of as many items", Formula{12, 1, 2},
+         "as by groups: each entry looked for among all the items", growing(&S::menuItems), snapEntriesAdded},
         {"removeMenuItemsFromSnapMenu_groups", "removeMenuItemsFromSnapMenu", "groups",
          "the MX group last, one entry found", Formula{13, 2},
          "the snap menu lookup; get_Count; per entry Item, get_Label; per entry Item, Delete",
@@ -565,6 +574,11 @@ TEST_P(PerOperation, FollowsItsFormula)
 {
     const CountedOperation& operation = std::get<0>(GetParam());
     const int n = std::get<1>(GetParam());
+    RecordProperty("row", operation.test);
+    RecordProperty("operation", operation.operation);
+    RecordProperty("unit", operation.unit);
+    RecordProperty("measured", operation.measured);
+    RecordProperty("formula", operation.formula.text(operation.unit));
     state() = operation.host(n);
     host().syncEnvironment();
     host().journal().clear();

@@ -6,6 +6,8 @@
 
 #include "support/automation_failure.h"
 
+#include "MxtMemoryControllerController"
+
 #include <gmock/gmock.h>
 
 using namespace module_testing;
@@ -80,6 +82,17 @@ TEST_F(SnapMenu, RemovingChecksTheBlockByLabelAndDeletesFromOneBeforeIt)
         if (calls[i].method == "HostPopupMenuItem.Delete")
             deletedAt.push_back(calls[i - 1].arguments[0].value);
     EXPECT_THAT(deletedAt, ElementsAre("8", "8", "8"));
+}
+
+// Many entries at once must not cost a regrowth of the list of new ones every few entries.
+TEST_F(SnapMenu, TheNewEntriesAreListedInOneAllocationWhateverTheirNumber)
+{
+    const MxtArray<MxtString> labels = numberedTexts(L"Entry ", 40);
+    const MxtArray<MxtString> macros = numberedTexts(L"_ENTRY", 40);
+    const std::size_t before = MxtMemoryControllerController::allocationCount();
+    EXPECT_TRUE(ZORBAppUtilities::addMenuItemsToSnapMenu(labels, macros, 0));
+    EXPECT_EQ(MxtMemoryControllerController::allocationCount() - before, 1u);
+    EXPECT_EQ(snap->items.size(), 10u + 1u + 40u);
 }
 
 TEST_F(SnapMenu, ABlockThatIsNotThereIsLeftAloneAndTheAnswerIsStillTrue)
