@@ -173,7 +173,7 @@ def main():
         "Every call runs on the simulated host with its journal off. A call that changes the host is",
         "followed, inside the timed loop, by putting back what it changed directly in the host's state",
         "(no host call, next to no time): `bench/module_operations.cpp` says how for each operation.",
-        "`zoomWindow` also lets go of the application reference it keeps by design (two host calls).",
+        "`zoomWindow` also lets go of the application reference it keeps by design, without a host call.",
         "",
         "The **overhead ratio** is the time per call over the time spent inside host calls per call",
         "(timed by the simulated host itself, `Host::startTimingHostCalls`): 1 would mean the module",
