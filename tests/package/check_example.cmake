@@ -1,6 +1,7 @@
 # Installs the build into a fresh prefix, then configures, builds and tests the example consumer
 # against that prefix alone, as an MX developer's project would be.
-#   cmake -DBUILD_DIR=... -DEXAMPLE_DIR=... -DWORK_DIR=... [-DTOOLCHAIN=...] -P check_example.cmake
+#   cmake -DBUILD_DIR=... -DEXAMPLE_DIR=... -DWORK_DIR=... -DTOOLCHAIN=... -P check_example.cmake
+#   cmake ... -DCOMPILER=... -DCXX_FLAGS=... -DLINKER_FLAGS=... -P check_example.cmake   (native)
 cmake_minimum_required(VERSION 3.25)
 
 function(run)
@@ -21,7 +22,8 @@ if(TOOLCHAIN)
   # A cross build finds packages only below its find roots: the prefix becomes one.
   set(find_package_from -DCMAKE_TOOLCHAIN_FILE=${TOOLCHAIN} -DCMAKE_FIND_ROOT_PATH=${prefix})
 else()
-  set(find_package_from -DCMAKE_PREFIX_PATH=${prefix})
+  set(find_package_from -DCMAKE_PREFIX_PATH=${prefix} -DCMAKE_CXX_COMPILER=${COMPILER}
+      "-DCMAKE_CXX_FLAGS=${CXX_FLAGS}" "-DCMAKE_EXE_LINKER_FLAGS=${LINKER_FLAGS}")
 endif()
 run(${CMAKE_COMMAND} -S ${EXAMPLE_DIR} -B ${build} ${find_package_from} -DCMAKE_BUILD_TYPE=Release
     -DCMAKE_EXPORT_COMPILE_COMMANDS=ON)
