@@ -4,13 +4,7 @@
 #   cmake ... -DCOMPILER=... -DCXX_FLAGS=... -DLINKER_FLAGS=... -P check_example.cmake   (native)
 cmake_minimum_required(VERSION 3.25)
 
-function(run)
-  execute_process(COMMAND ${ARGV} RESULT_VARIABLE status OUTPUT_VARIABLE output ERROR_VARIABLE output)
-  if(NOT status EQUAL 0)
-    message(FATAL_ERROR "failed (${status}): ${ARGV}\n${output}")
-  endif()
-  set(output "${output}" PARENT_SCOPE)
-endfunction()
+include(${CMAKE_CURRENT_LIST_DIR}/run_checked.cmake)
 
 set(prefix ${WORK_DIR}/prefix)
 set(build ${WORK_DIR}/example)
