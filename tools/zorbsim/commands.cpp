@@ -1,6 +1,7 @@
 #include "commands.h"
 
 #include "operations.h"
+#include "output_file.h"
 #include "report.h"
 #include "runner.h"
 #include "state_file.h"
@@ -15,8 +16,9 @@ namespace zorbsim {
 
 int runScenarioCommand(Scenario scenario, const ReportOptions& options)
 {
+    const OutputTarget dump{"--dump-state", options.dumpStatePath, "the host state"};
     if (options.dumpState)
-        checkDumpTarget(options.dumpStatePath);
+        checkOutputTarget(dump);
     const RunResult run = runScenario(std::move(scenario.host), scenario.steps,
                                       options.trace ? HostCalls::kept : HostCalls::dropped);
     if (options.json)
@@ -26,9 +28,9 @@ int runScenarioCommand(Scenario scenario, const ReportOptions& options)
     std::cout.flush();
     if (options.dumpState) {
         try {
-            writeStateFile(options.dumpStatePath, run.finalState);
+            writeOutputFile(dump, run.finalState.dump(2) + "\n");
         }
-        catch (const DumpError& error) {
+        catch (const OutputError& error) {
             std::cerr << "zorbsim: the run is reported above, but " << error.what() << "\n";
             return kDumpFailed;
         }
