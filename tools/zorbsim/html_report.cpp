@@ -11,6 +11,11 @@
 namespace zorbsim::html {
 namespace {
 
+constexpr const char* kLegend =
+    "<p class=\"legend\">What a step changed: <span class=\"added\">added</span>"
+    "<span class=\"removed\">removed</span><span class=\"changed\">changed</span> &mdash; "
+    "click a menu to open it; hover for tags and details.</p>\n";
+
 void writeLines(std::ostream& out, const std::vector<std::string>& lines)
 {
     for (const std::string& line : lines)
@@ -106,10 +111,7 @@ void writeRunReport(std::ostream& out, const Scenario& scenario, const RunResult
         out << "<p>" << escape(scenario.description) << "</p>\n";
     out << "<p>Host: " << escape(scenario.hostDescription) << "</p>\n<p><strong>" << run.passedSteps()
         << " passed, " << run.failedSteps() << " failed</strong></p>\n"
-        << "<p class=\"legend\">What a step changed: <span class=\"added\">added</span><span "
-           "class=\"removed\">"
-           "removed</span><span class=\"changed\">changed</span> &mdash; click a menu to open it; hover for "
-           "tags and details.</p>\n<h2>The host before the first step</h2>\n";
+        << kLegend << "<h2>The host before the first step</h2>\n";
     writeHostView(out, "before", *run.initialState);
     out << "<h2>Steps</h2>\n";
     const sim::HostState* before = run.initialState.get();
