@@ -1,8 +1,9 @@
 # Quick start: `make demo` runs the simulator's demo, `make test` runs the test suites of the linux,
 # windows and linux-sanitize builds, `make fuzz` runs every fuzz target for FUZZ_SECONDS each,
-# `make bench` runs the benchmarks of the module and zorbsim and writes docs/performance.md.
+# `make bench` runs the benchmarks of the module and zorbsim and writes docs/performance.md,
+# `make screenshot` renews docs/view.png from the browser test of zorbsim's pages.
 .PHONY: demo test deps build-linux build-windows build-sanitize test-linux test-windows test-sanitize fuzz \
-	valgrind bench wine-prefix clean
+	valgrind bench screenshot wine-prefix clean
 
 JOBS ?= $(shell nproc)
 FUZZ_SECONDS ?= 60
@@ -80,6 +81,11 @@ bench: deps
 	./scripts/zorbsim_throughput.py build/linux/bin/zorbsim $(BENCH_OUT) 10000 100000 > $(BENCH_OUT)/zorbsim.json
 	./scripts/performance_page.py $(BENCH_OUT)/operations.json $(BENCH_OUT)/scaling.json \
 		$(BENCH_OUT)/zorbsim.json $(BENCH_OUT)/host_call_counts.json docs/performance.md
+
+# The browser test takes the screenshot in the build folder; the documentation shows this copy.
+screenshot: build-linux
+	ctest --preset linux -R '^zorbsim.pages_in_browser$$'
+	cp build/linux/tests/zorbsim/view.png docs/view.png
 
 clean:
 	rm -rf build

@@ -1,6 +1,9 @@
 #include "commands.h"
 
+#include "html_report.h"
+#include "html_view.h"
 #include "operations.h"
+#include "output_file.h"
 #include "report.h"
 #include "runner.h"
 #include "state_file.h"
@@ -9,37 +12,89 @@
 #include "sim/state_json.h"
 
 #include <iostream>
+#include <sstream>
 #include <utility>
+#include <vector>
 
 namespace zorbsim {
+namespace {
+
+// The outputs of a run besides its report, each checked before the run and written after it.
+struct RunOutput {
+    OutputTarget target;
+    std::string (*render)(const Scenario& scenario, const RunResult& run);
+};
+
+std::string finalStateText(const Scenario&, const RunResult& run) { return run.finalState.dump(2) + "\n"; }
+
+std::string runPage(const Scenario& scenario, const RunResult& run)
+{
+    std::ostringstream page;
+    html::writeRunReport(page, scenario, run);
+    return page.str();
+}
+
+std::vector<RunOutput> runOutputs(const ReportOptions& options)
+{
+    std::vector<RunOutput> outputs;
+    if (options.dumpState)
+        outputs.push_back({{"--dump-state", options.dumpStatePath, "the host state"}, finalStateText});
+    if (options.html)
+        outputs.push_back({{"--html", options.htmlPath, "the HTML report"}, runPage});
+    return outputs;
+}
+
+}  // namespace
 
 int runScenarioCommand(Scenario scenario, const ReportOptions& options)
 {
-    if (options.dumpState)
-        checkDumpTarget(options.dumpStatePath);
-    const RunResult run = runScenario(std::move(scenario.host), scenario.steps,
-                                      options.trace ? HostCalls::kept : HostCalls::dropped);
+    const std::vector<RunOutput> outputs = runOutputs(options);
+    for (const RunOutput& output : outputs)
+        checkOutputTarget(output.target);
+    // The page shows every step's host calls and the host after it; a run keeps them only for it.
+    const RunResult run =
+        runScenario(std::move(scenario.host), scenario.steps,
+                    options.trace || options.html ? HostCalls::kept : HostCalls::dropped,
+                    options.html ? HostStates::kept : HostStates::dropped);
     if (options.json)
         printJsonReport(std::cout, scenario, run, options.trace);
     else
         printTextReport(std::cout, scenario, run, options.trace);
     std::cout.flush();
-    if (options.dumpState) {
+    int exitCode = run.failedSteps() == 0 ? kAllPassed : kExpectationFailed;
+    for (const RunOutput& output : outputs) {
         try {
-            writeStateFile(options.dumpStatePath, run.finalState);
+            writeOutputFile(output.target, output.render(scenario, run));
         }
-        catch (const DumpError& error) {
+        catch (const OutputError& error) {
             std::cerr << "zorbsim: the run is reported above, but " << error.what() << "\n";
-            return kDumpFailed;
+            exitCode = kWriteFailed;
         }
     }
-    return run.failedSteps() == 0 ? kAllPassed : kExpectationFailed;
+    return exitCode;
 }
 
 int printStateCommand(const std::string& hostPath)
 {
     const sim::HostState state = hostPath.empty() ? sim::defaultHostState() : readStateFile(hostPath);
     std::cout << sim::stateToJson(state).dump(2) << "\n";
+    return kAllPassed;
+}
+
+int viewCommand(const std::string& hostPath, const std::string& outputPath)
+{
+    const OutputTarget target{"-o", outputPath, "the view"};
+    checkOutputTarget(target);
+    const sim::HostState state = hostPath.empty() ? sim::defaultHostState() : readStateFile(hostPath);
+    std::ostringstream page;
+    html::writeViewPage(page, state, hostPath.empty() ? "built-in default host" : hostPath);
+    try {
+        writeOutputFile(target, page.str());
+    }
+    catch (const OutputError& error) {
+        std::cerr << "zorbsim: " << error.what() << "\n";
+        return kWriteFailed;
+    }
     return kAllPassed;
 }
 

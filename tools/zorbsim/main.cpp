@@ -25,6 +25,15 @@ void addReportOptions(CLI::App& command, zorbsim::ReportOptions& options)
             },
             "Write the final host state (JSON) to FILE, a regular file or a new one")
         ->type_name("FILE");
+    command
+        .add_option_function<std::string>(
+            "--html",
+            [&options](const std::string& path) {
+                options.html = true;
+                options.htmlPath = path;
+            },
+            "Write the run as a page (HTML): the host before and after, and what each step changed")
+        ->type_name("FILE");
 }
 
 }  // namespace
@@ -50,6 +59,11 @@ int main(int argc, char** argv)
     CLI::App* state = app.add_subcommand("state", "Print a host state as JSON");
     state->add_option("--host", hostPath, "A host state file (default: the built-in default host)")->type_name("FILE");
 
+    std::string viewPath;
+    CLI::App* view = app.add_subcommand("view", "Write a host state as a page (HTML): its menus, toolbars and documents");
+    view->add_option("--host", hostPath, "A host state file (default: the built-in default host)")->type_name("FILE");
+    view->add_option("-o,--output", viewPath, "The page to write")->type_name("FILE")->required();
+
     app.add_subcommand("ops", "List every operation a scenario can call, with its arguments");
 
     try {
@@ -67,6 +81,8 @@ int main(int argc, char** argv)
             return runScenarioCommand(loadScenarioFile(scenarioPath), reportOptions);
         if (*state)
             return printStateCommand(hostPath);
+        if (*view)
+            return viewCommand(hostPath, viewPath);
         return listOperationsCommand();
     }
     catch (const InputError& error) {

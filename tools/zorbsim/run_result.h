@@ -1,6 +1,6 @@
 // What running a scenario gave: per step the call's outcome or failure, the host calls it made,
 // what the core library recorded during it, and how each expectation came out; and the host state
-// at the end.
+// at the end, with the states in between when they were asked for.
 #pragma once
 
 #include "automation_failure.h"
@@ -9,9 +9,11 @@
 #include "scenario.h"
 
 #include "sim/journal.h"
+#include "sim/model.h"
 
 #include <nlohmann/json.hpp>
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -45,6 +47,9 @@ struct StepResult {
     std::vector<MxtAssert::Report> assertionReports;  // raised during the call
     std::optional<SupportPathsChange> supportPaths;   // when the call changed the global
     std::vector<ExpectationResult> expectations;
+    // The host after the step, when the run keeps host states; the same object as the state before
+    // it when the step changed nothing.
+    std::shared_ptr<const sim::HostState> stateAfter;
 
     bool escaped() const { return failure.has_value() || otherException.has_value(); }
     // Every expectation held and the call leaked no host reference.
@@ -54,6 +59,7 @@ struct StepResult {
 struct RunResult {
     std::vector<StepResult> steps;
     nlohmann::json finalState;
+    std::shared_ptr<const sim::HostState> initialState;  // when the run keeps host states
 
     int passedSteps() const;
     int failedSteps() const;

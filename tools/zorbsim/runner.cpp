@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <memory>
 #include <type_traits>
 
 namespace zorbsim {
@@ -48,12 +49,26 @@ void applyFaults(sim::Host& host, const FaultsStep& faults)
         host.armFault(fault);
 }
 
+// A step that changed nothing shares the state before it, so a long run's states grow with its
+// changes only.
+std::shared_ptr<const sim::HostState> snapshot(const sim::HostState& state,
+                                               std::shared_ptr<const sim::HostState> previous)
+{
+    if (previous && *previous == state)
+        return previous;
+    return std::make_shared<const sim::HostState>(sim::clone(state));
+}
+
 }  // namespace
 
-RunResult runScenario(sim::HostState state, const std::vector<Step>& steps, HostCalls hostCalls)
+RunResult runScenario(sim::HostState state, const std::vector<Step>& steps, HostCalls hostCalls,
+                      HostStates hostStates)
 {
     sim::Host host(std::move(state));
     RunResult run;
+    std::shared_ptr<const sim::HostState> lastState;
+    if (hostStates == HostStates::kept)
+        run.initialState = lastState = snapshot(host.state(), nullptr);
     for (const Step& step : steps) {
         StepResult result;
         result.step = &step;
@@ -68,6 +83,8 @@ RunResult runScenario(sim::HostState state, const std::vector<Step>& steps, Host
                     result.expectations = checkHost(action, sim::stateToJson(host.state()));
             },
             step.action);
+        if (hostStates == HostStates::kept)
+            result.stateAfter = lastState = snapshot(host.state(), lastState);
         run.steps.push_back(std::move(result));
     }
     run.finalState = sim::stateToJson(host.state());

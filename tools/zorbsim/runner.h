@@ -16,8 +16,15 @@ enum class HostCalls {
     kept,     // every host call, for the trace
 };
 
+// Whether a run keeps the host state before its first step and after each step.
+enum class HostStates {
+    dropped,  // none: only the final state, as JSON
+    kept,     // for a report that shows what each step changed
+};
+
 // Installs a host with `host` for the run and removes it afterwards. Failures that escape a call
 // are part of the result, never thrown.
-RunResult runScenario(sim::HostState host, const std::vector<Step>& steps, HostCalls hostCalls);
+RunResult runScenario(sim::HostState host, const std::vector<Step>& steps, HostCalls hostCalls,
+                      HostStates hostStates = HostStates::dropped);
 
 }  // namespace zorbsim
