@@ -1,7 +1,6 @@
 // Opening, activating and closing drawings, plotting a layout and zooming.
 #include "ZORBAppUtilities.h"
 
-#include "support/automation_failure.h"
 #include "support/faults.h"
 #include "support/host_test.h"
 #include "support/mxt_text.h"
