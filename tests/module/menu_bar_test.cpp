@@ -105,13 +105,6 @@ TEST_F(MenuBar, TheTwoFlagTestsDifferAndTheHostsRefusalReachesTheCaller)
     EXPECT_EQ(hostCalls().back(), "HostPopupMenu.get_OnMenuBar");
 }
 
-TEST_F(MenuBar, RemovingTakesTheMenuOffTheBar)
-{
-    state().menuBar.push_back(firstMenu);
-    ZORBAppUtilities::removeMenuFromMenuBar(MxtString(L"Mx"));
-    EXPECT_EQ(std::count(state().menuBar.begin(), state().menuBar.end(), firstMenu), 0);
-}
-
 TEST_F(MenuBar, MenusAreCountedAndFoundByTheirUpperCasedTag)
 {
     const long count = static_cast<long>(state().menuBar.size());
@@ -129,13 +122,3 @@ TEST_F(MenuBar, MenusAreCountedAndFoundByTheirUpperCasedTag)
     EXPECT_FALSE(ZORBAppUtilities::isMenuLoadedOnMenuBar(MxtString(L"")));
 }
 
-TEST_F(MenuBar, WithoutAHostThereAreNoMenusAndFailuresReachTheCaller)
-{
-    armFault(faultOfKind(sim::FaultKind::noDispatch));
-    EXPECT_EQ(ZORBAppUtilities::getNumberOfMenusOnMenuBar(), 0);
-    EXPECT_FALSE(ZORBAppUtilities::isMenuLoadedOnMenuBar(MxtString(L"")));
-    host().clearFaults();
-    armFault(failingCall("HostPopupMenu.get_TagString", 2, DISP_E_EXCEPTION));
-    EXPECT_EQ(failureOf([] { ZORBAppUtilities::isMenuLoadedOnMenuBar(MxtString(L"NOPE")); }).Error(),
-              DISP_E_EXCEPTION);
-}

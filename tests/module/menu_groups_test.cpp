@@ -49,18 +49,6 @@ TEST_F(MenuGroups, APositionTheHostRefusesIsSkippedAndANullNameIsEmpty)
     EXPECT_TRUE(ZORBAppUtilities::isMenuLoaded(MxtString(L"")));
 }
 
-TEST_F(MenuGroups, WithoutAHostOrItsGroupsNothingIsLoadedAndLoadingStillAnswersTrue)
-{
-    armFault(failingCall("HostApplication.get_MenuGroups"));
-    EXPECT_FALSE(ZORBAppUtilities::isMenuLoaded(MxtString(L"ZORB")));
-    EXPECT_TRUE(ZORBAppUtilities::loadMenus(mxtStrings({kMXMenuFile})));
-    EXPECT_FALSE(ZORBAppUtilities::unloadMenus(mxtStrings({L"ZORB"})));
-    host().clearFaults();
-    armFault(faultOfKind(sim::FaultKind::noFrameworkObject));
-    EXPECT_TRUE(ZORBAppUtilities::loadMenus(mxtStrings({kMXMenuFile})));
-    EXPECT_THAT(loadedNames(state()), ElementsAre(L"ZORB"));
-}
-
 TEST_F(MenuGroups, LoadingLoadsEachFileWhoseGroupIsNotLoadedAndPassesOverFailures)
 {
     loadGroup(kMXToolsMenuFile);

@@ -134,19 +134,6 @@ TEST_F(Toolbars, OfTwoGroupsWhoseNamesDifferInCaseTheFirstIsUsed)
     EXPECT_TRUE(toolbar(0).visible);
 }
 
-TEST_F(Toolbars, FailuresReachTheCallerWithWhatWasDoneKept)
-{
-    armFault(failingCall("HostToolbar.get_Top"));
-    EXPECT_EQ(failureOf([&] { showHide(false, L"MX", L"TB_MX_MAIN"); }).Error(), kInjectedStatus);
-    EXPECT_FALSE(toolbar(0).visible);
-    EXPECT_EQ(left, 0);
-    EXPECT_EQ(top, -1);
-    host().clearFaults();
-    armFault(failingCall("HostToolbar.get_TagString"));
-    EXPECT_EQ(failureOf([] { ZORBAppUtilities::isToolbarVisible(MxtString(L"MX"), MxtString(L"X")); }).Error(),
-              kInjectedStatus);
-}
-
 TEST_F(Toolbars, AFlyoutShowsTheToolbarAsNamedOnTheFirstToolbarWithTheTag)
 {
     toolbar(1).tag = L"TB_MX_MAIN";

@@ -12,19 +12,6 @@ protected:
 
 }  // namespace
 
-TEST_F(JournalTest, EveryCallIsRecordedInOrderWithItsObject)
-{
-    host().journal().clear();
-    HostMenuGroupPtr zorb = application()->GetMenuGroups()->Item(indexOf(VT_I4, 0));
-    zorb->GetName();
-    EXPECT_EQ(host().journal().methods(),
-              (std::vector<std::string>{"sdk.zbedGetZorbWinApp", "CWinApp.GetIDispatch",
-                                        "HostApplication.get_MenuGroups", "HostMenuGroups.Item",
-                                        "HostMenuGroup.get_Name"}));
-    EXPECT_EQ(last().object, "HostMenuGroup 'ZORB'");
-    EXPECT_EQ(last().status, S_OK);
-}
-
 TEST_F(JournalTest, ArgumentsKeepTheVariantTypeTheyCrossedAs)
 {
     HostDocumentsPtr documents = application()->GetDocuments();

@@ -50,42 +50,24 @@ std::string loadErrorOf(const std::string& text)
 
 }  // namespace
 
-TEST(StateJson, TheDefaultHostDumpsAndLoadsBackEqual)
-{
-    const sim::HostState original = sim::defaultHostState();
-    const nlohmann::json dumped = sim::stateToJson(original);
-    EXPECT_TRUE(sim::stateFromJson(nlohmann::json::parse(dumped.dump(2))) == original);
-    EXPECT_EQ(dumped["menuBar"][0], (nlohmann::json{{"menuGroup", "ZORB"}, {"menu", 0}}));
-}
-
-TEST(StateJson, RelationsNullsFaultsAndWideTextSurviveARoundTrip)
+// Every member's round trip is the model round trip's; these are the forms it does not hold: a
+// menu bar entry named by its group and position, a null group, text beyond the BMP and a status
+// with no name.
+TEST(StateJson, NullGroupsWideTextAndUnnamedStatusesSurviveARoundTrip)
 {
     sim::HostState state = sim::defaultHostState();
-    state.menuGroups.push_back(state.menuFiles.begin()->second);
     state.menuGroups.push_back(nullptr);
-    state.menuBar.push_back(state.menuGroups[1]->menus[1]);
-    state.menuBar.push_back(std::make_shared<sim::PopupMenu>());  // a menu of no group
-    state.menuGroups[1]->menus[1]->items[4]->subMenu->items.push_back(nullptr);
-    state.documents.push_back(std::make_shared<sim::Document>());
-    state.documents.back()->fullFileName = L"C:\\Ünïcødé\\\U0001F3D7 site.dwg";  // beyond the BMP
-    state.activeDocument = state.documents.back();
-    state.plotJobs.push_back({L"a.dwg", std::nullopt, {L"Layout1"}, 2, 4, sim::PlotWindow{0, 0, 0.1, 1e9}});
-    sim::Fault fault =
-        module_testing::failingCall("HostToolbar.put_Visible", 3, static_cast<HRESULT>(0x80040205));
-    fault.object = "'MX'";
-    fault.matchingCallsSeen = 1;
-    state.faults.push_back(fault);
+    state.documents.back()->fullFileName = L"C:\\Ünïcødé\\\U0001F3D7 site.dwg";
+    state.faults.push_back(
+        module_testing::failingCall("HostToolbar.put_Visible", 3, static_cast<HRESULT>(0x80040205)));
 
-    const sim::HostState loaded = sim::stateFromJson(nlohmann::json::parse(sim::stateToJson(state).dump()));
+    const nlohmann::json dumped = sim::stateToJson(state);
+    EXPECT_EQ(dumped["menuBar"][0], (nlohmann::json{{"menuGroup", "ZORB"}, {"menu", 0}}));
+    const sim::HostState loaded = sim::stateFromJson(nlohmann::json::parse(dumped.dump()));
     EXPECT_TRUE(loaded == state);
-    EXPECT_EQ(loaded.menuBar[loaded.menuBar.size() - 2], loaded.menuGroups[1]->menus[1]);
-    EXPECT_EQ(loaded.activeDocument, loaded.documents.back());
+    EXPECT_EQ(loaded.menuGroups.back(), nullptr);
     EXPECT_EQ(loaded.documents.back()->fullFileName, state.documents.back()->fullFileName);
-
-    sim::HostState changed = sim::clone(loaded);
-    EXPECT_TRUE(changed == loaded);
-    changed.menuBar[0] = changed.menuGroups[0]->menus[1];  // same content elsewhere, another menu
-    EXPECT_FALSE(changed == loaded);
+    EXPECT_EQ(loaded.faults.back().status, static_cast<HRESULT>(0x80040205));
 }
 
 TEST(StateJson, ErrorsNameThePathAndWhatWasExpected)

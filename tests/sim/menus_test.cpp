@@ -19,14 +19,6 @@ std::vector<std::wstring> labelsOf(const sim::PopupMenu& menu)
 
 }  // namespace
 
-TEST_F(Menus, CollectionsTakeEveryWholeNumberTypeOrANameIgnoringCase)
-{
-    HostMenuGroupsPtr groups = application()->GetMenuGroups();
-    for (VARTYPE type : {VT_I2, VT_I4, VT_INT})
-        EXPECT_EQ(groups->Item(indexOf(type, 0))->GetName(), _bstr_t(L"ZORB")) << type;
-    EXPECT_EQ(groups->Item(_variant_t(L"zorb"))->GetName(), _bstr_t(L"ZORB"));
-}
-
 TEST_F(Menus, CollectionsRefuseBadIndexesNamingWhatWasWrong)
 {
     HostMenuGroupsPtr groups = application()->GetMenuGroups();

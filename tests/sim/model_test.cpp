@@ -25,25 +25,6 @@ TEST(StateModel, ACloneSharesNoNodeWithItsOriginal)
     EXPECT_EQ(original.menuGroups[0]->menus[2]->items[3]->subMenu->items[0]->label, L"&Window");
 }
 
-TEST(StateModel, EqualityLooksAtEveryPartOfTheState)
-{
-    const sim::HostState original = sim::defaultHostState();
-    const auto differs = [&](auto change) {
-        sim::HostState copy = sim::clone(original);
-        change(copy);
-        return !(copy == original);
-    };
-    EXPECT_TRUE(differs([](sim::HostState& s) { s.menuGroups[0]->toolbars[3]->floatingRows = 3; }));
-    EXPECT_TRUE(differs([](sim::HostState& s) { s.menuGroups[0]->toolbars[0]->buttons[7]->flyout.reset(); }));
-    EXPECT_TRUE(differs([](sim::HostState& s) { s.menuBar.pop_back(); }));
-    EXPECT_TRUE(differs([](sim::HostState& s) { s.activeDocument = nullptr; }));
-    EXPECT_TRUE(differs([](sim::HostState& s) { s.documents[0]->activeLayout->window = sim::PlotWindow{}; }));
-    EXPECT_TRUE(differs([](sim::HostState& s) { s.registryValues[L""][L"ZorbLocation"] = L"D:\\Zorb"; }));
-    EXPECT_TRUE(differs([](sim::HostState& s) { s.menuFiles.begin()->second->menus[0]->tag = L"PM_0002"; }));
-    EXPECT_TRUE(differs([](sim::HostState& s) { s.faults.emplace_back(); }));
-    EXPECT_FALSE(differs([](sim::HostState&) {}));
-}
-
 TEST(StateJsonForms, MenuBarEntriesNameTheirMenuByPositionTagOrName)
 {
     const sim::HostState state = loaded(R"({
