@@ -20,7 +20,9 @@ public:
     RegistryLock& operator=(const RegistryLock&) = delete;
 
 private:
-    void* m_mutex = nullptr;
+#if defined(_WIN32)
+    void* m_mutex = nullptr;  // the portable build's lock holds nothing
+#endif
 };
 
 // Whether the key is there; unknown on the portable build.
