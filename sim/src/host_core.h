@@ -7,6 +7,8 @@
 #include "sim/model.h"
 
 #include <chrono>
+#include <optional>
+#include <vector>
 
 namespace sim::detail {
 
@@ -21,6 +23,9 @@ struct HostCore {
     // Off unless a benchmark asks: reading the clock twice per call would slow every other use.
     bool timingCalls = false;
     std::chrono::steady_clock::duration callTime{};  // spent inside calls while timingCalls
+    // Set while the dispatcher serves a late-bound call: the variant types of the caller's
+    // arguments, which the call it reaches takes over.
+    std::optional<std::vector<VARTYPE>> lateBoundArrival;
 };
 
 }  // namespace sim::detail

@@ -31,6 +31,7 @@ public:
     Installation& operator=(const Installation&) = delete;
 
     HostCore& core() { return *m_core; }
+    const std::shared_ptr<HostCore>& sharedCore() const { return m_core; }
     CWinApp* frameworkObject() { return &m_framework; }
     FrameworkApp& framework() { return m_framework; }
     ZbDbHostApplicationServices* services() { return &m_services; }

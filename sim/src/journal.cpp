@@ -154,6 +154,12 @@ std::string formatJournalLine(const JournalEntry& entry)
     line += entry.object;
     line += " -> ";
     line += nameOfStatus(entry.status);
+    if (entry.lateBound) {
+        line += " [late-bound:";
+        for (size_t i = 0; i < entry.lateBound->size(); ++i)
+            line += (i == 0 ? " " : ", ") + variantTypeName((*entry.lateBound)[i]);
+        line += ']';
+    }
     return line;
 }
 

@@ -2,23 +2,14 @@
 
 #include "automation_failure.h"
 
+#include "sim/state_json.h"
+
 #include <variant>
 
 namespace zorbsim {
 namespace {
 
 using Json = nlohmann::ordered_json;
-
-Json hostCallJson(const sim::JournalEntry& entry)
-{
-    Json arguments = Json::array();
-    for (const sim::JournalArgument& argument : entry.arguments)
-        arguments.push_back({{"type", sim::variantTypeName(argument.type)}, {"value", argument.value}});
-    return {{"object", entry.object},
-            {"method", entry.method},
-            {"arguments", std::move(arguments)},
-            {"status", sim::statusName(entry.status)}};
-}
 
 void addCall(Json& report, const CallStep& call, const StepResult& result, bool trace)
 {
@@ -58,7 +49,7 @@ void addCall(Json& report, const CallStep& call, const StepResult& result, bool 
     if (trace) {
         Json calls = Json::array();
         for (const sim::JournalEntry& entry : result.hostCalls)
-            calls.push_back(hostCallJson(entry));
+            calls.push_back(sim::journalEntryToJson(entry));
         report["hostCalls"] = std::move(calls);
     }
 }

@@ -85,6 +85,29 @@ HRESULT VariantCopy(VARIANTARG* destination, VARIANTARG* source)
     return result;
 }
 
+HRESULT VariantCopyInd(VARIANT* destination, VARIANTARG* source)
+{
+    if (destination == nullptr || source == nullptr)
+        return E_INVALIDARG;
+    VARIANT value;
+    const HRESULT found = automation_detail::dereferenced(*source, value);
+    if (FAILED(found))
+        return found;
+    // The value is read before `destination` is cleared, since the two may be one variant.
+    VARIANT copy;
+    VariantInit(&copy);
+    const HRESULT copied = VariantCopy(&copy, &value);
+    if (FAILED(copied))
+        return copied;
+    const HRESULT cleared = VariantClear(destination);
+    if (FAILED(cleared)) {
+        VariantClear(&copy);
+        return cleared;
+    }
+    *destination = copy;
+    return S_OK;
+}
+
 namespace automation_testing {
 
 void failVariantCopy(unsigned long nth, HRESULT status)

@@ -11,6 +11,7 @@
 #include "automation.h"
 #include "variant_types.h"
 
+using automation_detail::dereferenced;
 using automation_detail::traitsOf;
 using automation_detail::variantMayHold;
 
@@ -19,29 +20,6 @@ namespace {
 // The range of dates the platform accepts: 1 January 100 to 31 December 9999.
 constexpr long double earliestDate = -657434.0L;
 constexpr long double latestDate = 2958466.0L;
-
-// The value `source` refers to, as a variant of its own (sharing, not owning, its contents).
-HRESULT dereferenced(const VARIANT& source, VARIANT& value)
-{
-    if (!V_ISBYREF(&source)) {
-        value = source;
-        return S_OK;
-    }
-    if (V_BYREF(&source) == nullptr)
-        return DISP_E_TYPEMISMATCH;
-    const VARTYPE type = V_VT(&source) & ~VT_BYREF;
-    if (type == VT_VARIANT) {
-        value = *V_VARIANTREF(&source);
-        return V_ISBYREF(&value) ? DISP_E_TYPEMISMATCH : S_OK;
-    }
-    VariantInit(&value);
-    V_VT(&value) = type;
-    if (type & VT_ARRAY)
-        V_ARRAY(&value) = *V_ARRAYREF(&source);
-    else
-        std::memcpy(&value.llVal, V_BYREF(&source), traitsOf(type).size);
-    return S_OK;
-}
 
 // A number read from text in the C locale: optional sign, digits (grouped by commas or not) with
 // an optional decimal point, an optional exponent, and blanks around.

@@ -1,5 +1,7 @@
 #include "variant_types.h"
 
+#include <cstring>
+
 namespace automation_detail {
 
 TypeTraits traitsOf(VARTYPE basicType)
@@ -48,6 +50,28 @@ bool variantMayHold(VARTYPE type)
     if (extras == VT_ARRAY || extras == VT_BYREF || extras == (VT_ARRAY | VT_BYREF))
         return traitsOf(basic).size != 0;
     return false;
+}
+
+HRESULT dereferenced(const VARIANT& source, VARIANT& value)
+{
+    if (!V_ISBYREF(&source)) {
+        value = source;
+        return S_OK;
+    }
+    if (V_BYREF(&source) == nullptr)
+        return DISP_E_TYPEMISMATCH;
+    const VARTYPE type = V_VT(&source) & ~VT_BYREF;
+    if (type == VT_VARIANT) {
+        value = *V_VARIANTREF(&source);
+        return V_ISBYREF(&value) ? DISP_E_TYPEMISMATCH : S_OK;
+    }
+    VariantInit(&value);
+    V_VT(&value) = type;
+    if (type & VT_ARRAY)
+        V_ARRAY(&value) = *V_ARRAYREF(&source);
+    else
+        std::memcpy(&value.llVal, V_BYREF(&source), traitsOf(type).size);
+    return S_OK;
 }
 
 }  // namespace automation_detail

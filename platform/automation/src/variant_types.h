@@ -25,4 +25,8 @@ TypeTraits traitsOf(VARTYPE basicType);
 // or a reference to one or to a VARIANT.
 bool variantMayHold(VARTYPE type);
 
+// The value `source` refers to, as a variant of its own (sharing, not owning, its contents);
+// DISP_E_TYPEMISMATCH for a null reference or a reference to a reference.
+HRESULT dereferenced(const VARIANT& source, VARIANT& value);
+
 }  // namespace automation_detail

@@ -6,6 +6,7 @@
 #include "automation.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -23,6 +24,10 @@ struct JournalEntry {
     std::vector<JournalArgument> arguments;
     HRESULT status = S_OK;    // SDK functions: S_OK, or E_FAIL when they reported failure
     bool gaveObject = false;  // the call gave its caller an object (which a nullObject fault could withhold)
+    // Late-bound calls (by IDispatch::Invoke) only: the variant types of the caller's arguments as
+    // they arrived, before the dispatcher coerced them to the declared types (which `arguments`
+    // hold).
+    std::optional<std::vector<VARTYPE>> lateBound;
 };
 
 class SIM_API Journal {
@@ -50,7 +55,8 @@ private:
     std::function<void(const JournalEntry&)> m_observer;
 };
 
-// One readable line: HostMenuGroups.Item(VT_I4 0) on HostMenuGroups -> S_OK
+// One readable line: HostMenuGroups.Item(VT_I4 0) on HostMenuGroups -> S_OK; a late-bound call ends
+// with what arrived: " [late-bound: VT_I2]".
 SIM_API std::string formatJournalLine(const JournalEntry& entry);
 // The method with its arguments' variant types: HostMenuGroups.Item(VT_I4)
 SIM_API std::string typedMethodOf(const JournalEntry& entry);

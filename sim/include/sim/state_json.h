@@ -1,8 +1,10 @@
-// The host state as JSON: load and dump. A dump loads back to an equal state.
+// The host state as JSON: load and dump. A dump loads back to an equal state. Also the journal's
+// entries as reports and clients read them.
 #pragma once
 
 #include "sim/export.h"
 #include "sim/faults.h"
+#include "sim/journal.h"
 #include "sim/model.h"
 
 #include <nlohmann/json.hpp>
@@ -28,5 +30,9 @@ SIM_API HostState loadStateFile(const std::string& path);
 
 // Faults alone, in the form the state's "faults" member has (scenarios arm them this way).
 SIM_API std::vector<Fault> faultsFromJson(const nlohmann::json& document);  // throws StateError
+
+// {"object", "method", "arguments": [{"type", "value"}], "status"}, and for a late-bound call
+// "lateBound": the variant types that arrived (["VT_I2"]).
+SIM_API nlohmann::ordered_json journalEntryToJson(const JournalEntry& entry);
 
 }  // namespace sim

@@ -18,8 +18,25 @@ std::wstring typeName(const VARIANT& value)
 
 bool strict(const Call& call)
 {
-    return call.state().behaviour.strictArguments;
+    return call.state().behaviour.strictArguments && !call.lateBound();
 }
+
+// The argument as the host reads it: what a reference points at (scripts pass their variables
+// so). A strict host judges the variant as it crossed.
+class Passed {
+public:
+    Passed(const Call& call, const VARIANT& given) : m_value(&given)
+    {
+        if (!strict(call) && (V_VT(&given) & VT_BYREF) &&
+            SUCCEEDED(VariantCopyInd(&m_referred, const_cast<VARIANT*>(&given))))
+            m_value = &m_referred;
+    }
+    const VARIANT& operator*() const { return *m_value; }
+
+private:
+    _variant_t m_referred;
+    const VARIANT* m_value;
+};
 
 std::optional<long long> wholeNumber(const VARIANT& value)
 {
@@ -71,6 +88,26 @@ template <class Element> std::optional<ArrayContents<Element>> contentsOf(const 
     return contents;
 }
 
+// The elements of a one-dimensional array of variants, each converted to `type` and read out;
+// null when it is not one or an element does not convert. Scripts can build no other arrays, so a
+// forgiving host takes these where an array of `type` is documented.
+template <class Element, class Read>
+std::optional<ArrayContents<Element>> convertedContentsOf(const VARIANT& value, VARTYPE type, Read read)
+{
+    const auto variants = contentsOf<VARIANT>(value, VT_VARIANT);
+    if (!variants)
+        return std::nullopt;
+    ArrayContents<Element> contents;
+    contents.lowerBound = variants->lowerBound;
+    for (VARIANT element : variants->elements) {
+        _variant_t converted;
+        if (FAILED(VariantChangeType(&converted, &element, 0, type)))
+            return std::nullopt;
+        contents.elements.push_back(read(converted));
+    }
+    return contents;
+}
+
 // A strict host reads arrays from index 0, as its interface documents them.
 template <class Element>
 bool refusesLowerBound(Call& call, const ArrayContents<Element>& contents, const std::wstring& what)
@@ -94,8 +131,10 @@ bool isYesNoValue(long long value)
 
 }  // namespace
 
-CollectionIndex readCollectionIndex(const Call& call, const VARIANT& index, VARTYPE positionType)
+CollectionIndex readCollectionIndex(const Call& call, const VARIANT& crossed, VARTYPE positionType)
 {
+    const Passed passed(call, crossed);
+    const VARIANT& index = *passed;
     CollectionIndex read;
     if (const auto number = position(call, index, positionType)) {
         read.kind = CollectionIndex::Kind::position;
@@ -124,9 +163,11 @@ HRESULT refuseIndex(Call& call, const CollectionIndex& index, const VARIANT& giv
                                               L") or a name (VT_BSTR), not " + typeName(given));
 }
 
-bool findInsertion(Call& call, const VARIANT& given, VARTYPE positionType, size_t count, BeyondEnd beyond,
+bool findInsertion(Call& call, const VARIANT& crossed, VARTYPE positionType, size_t count, BeyondEnd beyond,
                    const std::wstring& what, size_t& at)
 {
+    const Passed passed(call, crossed);
+    const VARIANT& given = *passed;
     const auto number = position(call, given, positionType);
     if (!number) {
         call.fail(DISP_E_TYPEMISMATCH, L"the index to add a " + what + L" at is a whole number (" +
@@ -144,9 +185,13 @@ bool findInsertion(Call& call, const VARIANT& given, VARTYPE positionType, size_
     return true;
 }
 
-bool readPoint(Call& call, const VARIANT& given, const std::wstring& which, double& x, double& y)
+bool readPoint(Call& call, const VARIANT& crossed, const std::wstring& which, double& x, double& y)
 {
-    const auto coordinates = contentsOf<double>(given, VT_R8);
+    const Passed passed(call, crossed);
+    const VARIANT& given = *passed;
+    auto coordinates = contentsOf<double>(given, VT_R8);
+    if (!coordinates && !strict(call))
+        coordinates = convertedContentsOf<double>(given, VT_R8, [](const VARIANT& number) { return V_R8(&number); });
     if (!coordinates) {
         call.fail(DISP_E_TYPEMISMATCH, L"the " + which +
                                            L" is a one-dimensional array of doubles (VT_ARRAY|VT_R8), not " +
@@ -165,16 +210,20 @@ bool readPoint(Call& call, const VARIANT& given, const std::wstring& which, doub
     return true;
 }
 
-bool isMissing(const Call& call, const VARIANT& given)
+bool isMissing(const Call& call, const VARIANT& crossed)
 {
+    const Passed passed(call, crossed);
+    const VARIANT& given = *passed;
     if (V_VT(&given) == VT_ERROR && V_ERROR(&given) == DISP_E_PARAMNOTFOUND)
         return true;
     return V_VT(&given) == VT_EMPTY && !strict(call);
 }
 
-bool readOptionalYesNo(Call& call, const VARIANT& given, VARTYPE flagType, const std::wstring& what,
+bool readOptionalYesNo(Call& call, const VARIANT& crossed, VARTYPE flagType, const std::wstring& what,
                        bool& value)
 {
+    const Passed passed(call, crossed);
+    const VARIANT& given = *passed;
     if (isMissing(call, given))
         return true;
     if (strict(call)) {
@@ -221,8 +270,10 @@ bool readOptionalText(Call& call, const VARIANT& given, const std::wstring& what
     return isMissing(call, given) || readText(call, given, what, value);
 }
 
-bool readText(Call& call, const VARIANT& given, const std::wstring& what, std::wstring& value)
+bool readText(Call& call, const VARIANT& crossed, const std::wstring& what, std::wstring& value)
 {
+    const Passed passed(call, crossed);
+    const VARIANT& given = *passed;
     if (V_VT(&given) != VT_BSTR) {
         call.fail(DISP_E_TYPEMISMATCH, L"the " + what + L" is a text (VT_BSTR), not " + typeName(given));
         return false;
@@ -231,9 +282,21 @@ bool readText(Call& call, const VARIANT& given, const std::wstring& what, std::w
     return true;
 }
 
-bool readTexts(Call& call, const VARIANT& given, const std::wstring& what, std::vector<std::wstring>& values)
+bool readTexts(Call& call, const VARIANT& crossed, const std::wstring& what, std::vector<std::wstring>& values)
 {
-    const auto texts = contentsOf<BSTR>(given, VT_BSTR);
+    const Passed passed(call, crossed);
+    const VARIANT& given = *passed;
+    std::optional<ArrayContents<std::wstring>> texts;
+    if (const auto strings = contentsOf<BSTR>(given, VT_BSTR)) {
+        texts.emplace();
+        texts->lowerBound = strings->lowerBound;
+        for (BSTR element : strings->elements)
+            texts->elements.push_back(text::fromBstr(element));
+    }
+    else if (!strict(call)) {
+        texts = convertedContentsOf<std::wstring>(given, VT_BSTR,
+                                                  [](const VARIANT& text) { return text::fromBstr(V_BSTR(&text)); });
+    }
     if (!texts) {
         call.fail(DISP_E_TYPEMISMATCH, L"the " + what +
                                            L" is a one-dimensional array of texts (VT_ARRAY|VT_BSTR), not " +
@@ -242,9 +305,7 @@ bool readTexts(Call& call, const VARIANT& given, const std::wstring& what, std::
     }
     if (refusesLowerBound(call, *texts, what))
         return false;
-    values.clear();
-    for (BSTR element : texts->elements)
-        values.push_back(text::fromBstr(element));
+    values = std::move(texts->elements);
     return true;
 }
 

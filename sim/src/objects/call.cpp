@@ -2,12 +2,17 @@
 
 #include "objects/error_info.h"
 
+#include <utility>
+
 namespace sim::detail {
 
 Call::Call(HostCore& core, const CallSubject& subject, const char* method, std::initializer_list<Arg> arguments,
            WhenGone whenGone)
     : m_core(core), m_subject(subject)
 {
+    // Taken by this call alone: calls the host makes while serving it are not the caller's.
+    std::optional<std::vector<VARTYPE>> arrived = std::exchange(core.lateBoundArrival, std::nullopt);
+    m_lateBound = arrived.has_value();
     if (core.timingCalls)
         m_started = std::chrono::steady_clock::now();
     if (!core.installed) {
@@ -25,6 +30,7 @@ Call::Call(HostCore& core, const CallSubject& subject, const char* method, std::
         m_entry.arguments.reserve(arguments.size());
         for (const Arg& argument : arguments)
             m_entry.arguments.push_back(argument.describe());
+        m_entry.lateBound = std::move(arrived);
     }
     if (!core.state.faults.empty()) {
         m_verdict = consultFaults(core.state.faults, method,

@@ -72,6 +72,9 @@ public:
     const Answer& answer() const { return m_verdict.answer; }
 
     HostState& state() const { return m_core.state; }
+    // Made through IDispatch::Invoke: strict mode judges only early-bound calls, whose variant
+    // types are the caller's own choice rather than a script's or the dispatcher's.
+    bool lateBound() const { return m_lateBound; }
 
 private:
     void end(HRESULT status);
@@ -80,6 +83,7 @@ private:
     const CallSubject& m_subject;
     JournalEntry m_entry;
     bool m_recording = false;
+    bool m_lateBound = false;
     FaultVerdict m_verdict;
     bool m_ended = false;
     HRESULT m_status = S_OK;

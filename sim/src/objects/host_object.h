@@ -1,11 +1,12 @@
 // What every host object of the simulator is: a reference-counted automation object answering
-// for IUnknown, IDispatch, its own interface and ISupportErrorInfo. Late binding is not offered:
-// the MX module and its callers use the typed interfaces.
+// for IUnknown, IDispatch, its own interface and ISupportErrorInfo. Its IDispatch serves calls by
+// name from the host's type library (objects/late_binding.h), reaching the same typed methods.
 #pragma once
 
 #include "fault_plan.h"
 #include "host_core.h"
 #include "objects/call.h"
+#include "objects/late_binding.h"
 #include "text.h"
 
 #include "host/object_model.h"
@@ -15,7 +16,8 @@
 
 namespace sim::detail {
 
-template <class Interface> class HostObject : public Interface, public ISupportErrorInfo, public CallSubject {
+template <class Interface>
+class HostObject : public DispatchedByName<Interface>, public ISupportErrorInfo, public CallSubject {
 public:
     HostObject(const HostObject&) = delete;
     HostObject& operator=(const HostObject&) = delete;
@@ -52,29 +54,6 @@ public:
         return left;
     }
 
-    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override
-    {
-        if (count == nullptr)
-            return E_POINTER;
-        *count = 0;
-        return S_OK;
-    }
-    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo** typeInfo) override
-    {
-        if (typeInfo != nullptr)
-            *typeInfo = nullptr;
-        return E_NOTIMPL;
-    }
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override
-    {
-        return E_NOTIMPL;
-    }
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*,
-                                     UINT*) override
-    {
-        return E_NOTIMPL;
-    }
-
     HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID iid) override
     {
         return iid == __uuidof(Interface) ? S_OK : S_FALSE;
@@ -93,6 +72,7 @@ protected:
     virtual const char* interfaceName() const = 0;
 
     HostCore& core() const { return *m_core; }
+    HostCore* lateBoundHost() const override { return m_core.get(); }
     HostState& state() const { return m_core->state; }
     const std::shared_ptr<HostCore>& sharedCore() const { return m_core; }
 

@@ -4,7 +4,7 @@
 #include "automation/unknown.h"
 #include "automation/variant.h"
 
-struct ITypeInfo;  // type information is never used here, only passed through
+struct ITypeInfo;  // automation/type_info.h
 
 struct DISPPARAMS {
     VARIANTARG* rgvarg;

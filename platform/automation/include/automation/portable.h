@@ -13,6 +13,8 @@
 #include "automation/variant.h"
 #include "automation/safearray.h"
 #include "automation/dispatch.h"
+#include "automation/type_info.h"
+#include "automation/type_description.h"
 #include "automation/error_info.h"
 #include "automation/com_util.h"
 #include "automation/bstr_t.h"

@@ -155,6 +155,10 @@ AUTOMATION_API HRESULT VariantClear(VARIANTARG* variant);
 // left VT_EMPTY.
 AUTOMATION_API HRESULT VariantCopy(VARIANTARG* destination, VARIANTARG* source);
 
+// Copies what `source` refers to (or `source` itself when it is no reference) deeply into
+// `destination`, which may be `source`; on failure `destination` is left as it was.
+AUTOMATION_API HRESULT VariantCopyInd(VARIANT* destination, VARIANTARG* source);
+
 #define VARIANT_NOVALUEPROP 0x01
 #define VARIANT_ALPHABOOL 0x02
 

@@ -1,0 +1,62 @@
+// Late binding of the simulator's automation objects: their IDispatch, served from the host's
+// type library through the automation runtime's own dispatcher, so that a call by name reaches the
+// same typed method, with the same journal entry, faults and answers, as a call through the
+// vtable.
+#pragma once
+
+#include "host_core.h"
+
+#include "automation.h"
+
+namespace sim::detail {
+
+HRESULT giveTypeInfoCount(UINT* count);
+HRESULT giveTypeInfo(const IID& interfaceId, UINT index, ITypeInfo** typeInfo);
+HRESULT findDispatchIds(const IID& interfaceId, REFIID reserved, LPOLESTR* names, UINT count, DISPID* ids);
+
+// `object` is the interface pointer whose vtable the interface's type information describes.
+HRESULT invokeByDispatchId(void* object, const IID& interfaceId, DISPID member, REFIID reserved, WORD flags,
+                           DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* exception, UINT* argumentError);
+
+// While it lives, the host (if any) knows the call in progress as late-bound (Call::lateBound),
+// with the variant types its arguments arrived as.
+class LateBoundArrival {
+public:
+    LateBoundArrival(HostCore* core, const DISPPARAMS* parameters);
+    ~LateBoundArrival();
+    LateBoundArrival(const LateBoundArrival&) = delete;
+    LateBoundArrival& operator=(const LateBoundArrival&) = delete;
+
+private:
+    HostCore* m_core;
+};
+
+// The IDispatch of an object whose interface the host's type library describes: calls by name
+// reach the object's own typed members.
+template <class Interface> class DispatchedByName : public Interface {
+public:
+    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override { return giveTypeInfoCount(count); }
+    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID, ITypeInfo** typeInfo) override
+    {
+        return giveTypeInfo(__uuidof(Interface), index, typeInfo);
+    }
+    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID,
+                                            DISPID* ids) override
+    {
+        return findDispatchIds(__uuidof(Interface), reserved, names, count, ids);
+    }
+    HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID reserved, LCID, WORD flags, DISPPARAMS* parameters,
+                                     VARIANT* result, EXCEPINFO* exception, UINT* argumentError) override
+    {
+        const LateBoundArrival arrival(lateBoundHost(), parameters);
+        return invokeByDispatchId(static_cast<Interface*>(this), __uuidof(Interface), member, reserved, flags,
+                                  parameters, result, exception, argumentError);
+    }
+
+protected:
+    ~DispatchedByName() = default;
+    // The host whose journal records the late-bound calls this object serves; none by default.
+    virtual HostCore* lateBoundHost() const { return nullptr; }
+};
+
+}  // namespace sim::detail

@@ -1,0 +1,181 @@
+// The simulator as an in-process automation server (Windows): its two classes, their factories,
+// and their registration, so that a client creates a simulated host by ProgID as it would create
+// any server's object.
+#include "installation.h"
+#include "late_binding/type_library.h"
+#include "objects/objects.h"
+#include "server/control_object.h"
+#include "server/served_host.h"
+
+#include <olectl.h>
+
+#include <atomic>
+#include <iterator>
+#include <string>
+
+namespace {
+
+using namespace sim::detail;
+
+constexpr GUID kLibraryId = {0x67d2c5a4, 0x5fc8, 0x4818, {0x83, 0x3a, 0x06, 0xa9, 0x58, 0x9e, 0xc4, 0x66}};
+constexpr CLSID kSimulatedHost = {0x23feeb38, 0xb712, 0x4cf5, {0x8f, 0xe4, 0x82, 0xc3, 0xe6, 0x21, 0xb7, 0xa3}};
+constexpr CLSID kSimulatedHostControl = {0xe9d3bd59, 0x7c05, 0x4177, {0xa9, 0x46, 0x67, 0x2c, 0xd3, 0x78, 0x89, 0xb0}};
+
+std::atomic<long> g_serverLocks{0};
+
+// The application of a new served host.
+HRESULT createHost(REFIID iid, void** object)
+{
+    unsigned generation = 0;
+    const HRESULT started = startServedHost(sim::defaultHostState(), iid, generation);
+    if (FAILED(started))
+        return started;
+    HostApplication* application = newApplication(installed()->sharedCore());
+    const HRESULT given = application->QueryInterface(iid, object);
+    application->Release();
+    return given;
+}
+
+HRESULT createControl(REFIID iid, void** object)
+{
+    SimulatorControl* control = nullptr;
+    const HRESULT started = newSimulatorControl(&control);
+    if (FAILED(started))
+        return started;
+    const HRESULT given = control->QueryInterface(iid, object);
+    control->Release();
+    return given;
+}
+
+struct ServedClass {
+    const CLSID* id;
+    const wchar_t* progId;
+    const wchar_t* description;
+    HRESULT (*create)(REFIID iid, void** object);
+};
+
+const ServedClass kClasses[] = {
+    {&kSimulatedHost, L"Zorb.SimulatedHost", L"Simulated Zorb host", createHost},
+    {&kSimulatedHostControl, L"Zorb.SimulatedHostControl", L"Simulated Zorb host control", createControl},
+};
+
+// Each class's factory lives as long as the DLL; its references only keep the server loaded.
+class ClassFactory final : public IClassFactory {
+public:
+    explicit ClassFactory(const ServedClass& served) : m_served(served) {}
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override
+    {
+        if (object == nullptr)
+            return E_POINTER;
+        *object = nullptr;
+        if (iid != IID_IUnknown && iid != IID_IClassFactory)
+            return E_NOINTERFACE;
+        *object = static_cast<IClassFactory*>(this);
+        AddRef();
+        return S_OK;
+    }
+    ULONG STDMETHODCALLTYPE AddRef() override { return static_cast<ULONG>(++g_serverLocks); }
+    ULONG STDMETHODCALLTYPE Release() override { return static_cast<ULONG>(--g_serverLocks); }
+
+    HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID iid, void** object) override
+    {
+        if (object == nullptr)
+            return E_POINTER;
+        *object = nullptr;
+        if (outer != nullptr)
+            return CLASS_E_NOAGGREGATION;
+        return m_served.create(iid, object);
+    }
+    HRESULT STDMETHODCALLTYPE LockServer(BOOL lock) override
+    {
+        lock ? ++g_serverLocks : --g_serverLocks;
+        return S_OK;
+    }
+
+private:
+    const ServedClass& m_served;
+};
+
+std::wstring guidText(const GUID& guid)
+{
+    wchar_t text[40] = {};
+    StringFromGUID2(guid, text, 40);
+    return text;
+}
+
+bool setValue(const std::wstring& key, const wchar_t* name, const std::wstring& value)
+{
+    HKEY opened = nullptr;
+    if (RegCreateKeyExW(HKEY_CLASSES_ROOT, key.c_str(), 0, nullptr, 0, KEY_WRITE, nullptr, &opened, nullptr) !=
+        ERROR_SUCCESS)
+        return false;
+    const auto bytes = static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t));
+    const bool set = RegSetValueExW(opened, name, 0, REG_SZ, reinterpret_cast<const BYTE*>(value.c_str()), bytes) ==
+                     ERROR_SUCCESS;
+    RegCloseKey(opened);
+    return set;
+}
+
+bool registerClass(const ServedClass& served, const std::wstring& modulePath)
+{
+    const std::wstring classKey = L"CLSID\\" + guidText(*served.id);
+    return setValue(classKey, nullptr, served.description) &&
+           setValue(classKey + L"\\InprocServer32", nullptr, modulePath) &&
+           setValue(classKey + L"\\InprocServer32", L"ThreadingModel", L"Apartment") &&
+           setValue(classKey + L"\\ProgID", nullptr, served.progId) &&
+           setValue(classKey + L"\\TypeLib", nullptr, guidText(kLibraryId)) &&
+           setValue(served.progId, nullptr, served.description) &&
+           setValue(std::wstring(served.progId) + L"\\CLSID", nullptr, guidText(*served.id));
+}
+
+void unregisterClass(const ServedClass& served)
+{
+    RegDeleteTreeW(HKEY_CLASSES_ROOT, (L"CLSID\\" + guidText(*served.id)).c_str());
+    RegDeleteTreeW(HKEY_CLASSES_ROOT, served.progId);
+}
+
+}  // namespace
+
+extern "C" __declspec(dllexport) HRESULT STDAPICALLTYPE DllGetClassObject(REFCLSID id, REFIID iid, void** object)
+{
+    static ClassFactory factories[] = {ClassFactory(kClasses[0]), ClassFactory(kClasses[1])};
+    if (object == nullptr)
+        return E_POINTER;
+    *object = nullptr;
+    for (size_t i = 0; i < std::size(kClasses); ++i) {
+        if (*kClasses[i].id == id)
+            return factories[i].QueryInterface(iid, object);
+    }
+    return CLASS_E_CLASSNOTAVAILABLE;
+}
+
+extern "C" __declspec(dllexport) HRESULT STDAPICALLTYPE DllCanUnloadNow()
+{
+    return g_serverLocks == 0 && liveControls() == 0 && !servedHostInUse() ? S_OK : S_FALSE;
+}
+
+// The classes and the type library, which the DLL carries as its resource.
+extern "C" __declspec(dllexport) HRESULT STDAPICALLTYPE DllRegisterServer()
+{
+    const std::wstring modulePath = simulatorModulePath();
+    if (modulePath.empty())
+        return SELFREG_E_CLASS;
+    for (const ServedClass& served : kClasses) {
+        if (!registerClass(served, modulePath))
+            return SELFREG_E_CLASS;
+    }
+    ITypeLib* library = nullptr;
+    if (FAILED(LoadTypeLibEx(modulePath.c_str(), REGKIND_REGISTER, &library)))
+        return SELFREG_E_TYPELIB;
+    library->Release();
+    return S_OK;
+}
+
+extern "C" __declspec(dllexport) HRESULT STDAPICALLTYPE DllUnregisterServer()
+{
+    for (const ServedClass& served : kClasses)
+        unregisterClass(served);
+    UnRegisterTypeLib(kLibraryId, 1, 0, LANG_NEUTRAL, SYS_WIN64);
+    return S_OK;
+}
