@@ -35,6 +35,7 @@ CheckEqual groups("mx").Name, "MX", "a group found by name, Item being the defau
 
 ' Menus and items: every menu of the group, every item of the first.
 Dim menus : Set menus = zorb.Menus
+Check menus.Count > 6, "the host's menus, the cursor menu among them"
 Dim i, labels : labels = 0
 Dim file : Set file = menus.Item(0)
 For i = 0 To file.Count - 1
