@@ -52,6 +52,7 @@ public:
         if (!findPosition(call, index, kDocumentPosition, documents, L"open drawing", namesDocument,
                           position))
             return call.status();
+        core().seats.remember(documents, position);
         return call.giveObject(document, [&] { return newDocument(sharedCore(), documents[position]); });
     }
 
@@ -88,6 +89,7 @@ public:
             opened->activeLayout->name = L"Layout1";
             opened->activeLayout->plotType = kPlotLayout;
             state().documents.push_back(opened);
+            core().seats.remember(state().documents, state().documents.size() - 1);
         }
         else if (call.givesNull()) {
             return call.succeed();
@@ -108,7 +110,7 @@ public:
     }
 
     std::string journalName() const override { return "HostDocument " + nameOf(*m_document); }
-    std::wstring goneReason() const override { return detail::goneReason(state(), *m_document); }
+    std::wstring goneReason() const override { return detail::goneReason(core(), *m_document); }
 
     HRESULT STDMETHODCALLTYPE get_FullFileName(BSTR* fullName) override
     {
@@ -147,7 +149,7 @@ public:
                 disk.push_back(target);
         }
         auto& documents = state().documents;
-        documents.erase(std::find(documents.begin(), documents.end(), m_document));
+        core().seats.remove(documents, m_document.get());
         if (state().activeDocument == m_document)
             state().activeDocument = documents.empty() ? nullptr : documents.back();
         return call.succeed();
