@@ -70,7 +70,7 @@ static_assert(memberCount<sim::PlotJob>() == 6);
 static_assert(memberCount<sim::ZoomRequest>() == 4);
 static_assert(memberCount<sim::PreferencesFiles>() == 4);
 static_assert(memberCount<sim::HostBehaviour>() == 2);
-static_assert(memberCount<sim::HostState>() == 17);
+static_assert(memberCount<sim::HostState>() == 18);  // the first is its base, sim::MoveOnly
 static_assert(memberCount<sim::Answer>() == 2);
 static_assert(memberCount<sim::Fault>() == 7);
 

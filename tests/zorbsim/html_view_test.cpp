@@ -196,7 +196,7 @@ TEST(HostView, MarksVariablesAndTheDocumentThatBecameActive)
 
 TEST(RunStates, AreKeptOnlyWhenAskedAndSharedWhileNothingChanges)
 {
-    // A state's copy shares its nodes, so each run starts from a host of its own.
+    // Each run starts from a clone of the demo's host: a run changes the state it is given.
     const zorbsim::Scenario demo = zorbsim::demoScenario();
     const zorbsim::RunResult dropped = zorbsim::runScenario(
         sim::clone(demo.host), demo.steps, zorbsim::HostCalls::dropped, zorbsim::HostStates::dropped);

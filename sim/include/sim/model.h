@@ -164,7 +164,19 @@ struct HostBehaviour {
     bool operator!=(const HostBehaviour& other) const { return !(*this == other); }
 };
 
-struct HostState {
+// What makes the host state move-only while it stays a plain aggregate.
+struct MoveOnly {
+    MoveOnly() = default;
+    MoveOnly(MoveOnly&&) = default;
+    MoveOnly& operator=(MoveOnly&&) = default;
+    MoveOnly(const MoveOnly&) = delete;
+    MoveOnly& operator=(const MoveOnly&) = delete;
+    ~MoveOnly() = default;
+};
+
+// Move-only: its nodes are shared pointers, so a member-wise copy would share them, and two hosts
+// started from such copies would change each other. `clone` is the one way to copy a state.
+struct HostState : MoveOnly {
     HostBehaviour behaviour;
     std::vector<std::shared_ptr<MenuGroup>> menuGroups;      // loaded, in the host's order
     std::vector<std::shared_ptr<PopupMenu>> menuBar;         // menus on the menu bar, in order
@@ -192,7 +204,8 @@ struct HostState {
     bool operator!=(const HostState& other) const { return !(*this == other); }
 };
 
-// A deep copy whose nodes share nothing with the original.
+// A deep copy whose nodes share nothing with the original: the copy and the original can be changed,
+// and installed in hosts, independently.
 SIM_API HostState clone(const HostState& state);
 
 }  // namespace sim
