@@ -72,11 +72,16 @@ TEST_F(Documents, AnOpenDrawingIsFoundIgnoringCaseAndNotOpenedAgain)
     EXPECT_EQ(typedHostCalls()[4], "HostDocuments.Item(VT_INT)");
 }
 
+// The host would stop an unattended open to check this drawing unless DWGCHECK is 0 at the moment
+// of the open: a hold that comes after the Open, or not at all, fails to open it.
 TEST_F(Documents, OpeningHoldsDrawingCheckAtZeroAndPutsItBackAfterSuccessOrFailure)
 {
     state().systemVariables[L"DWGCHECK"] = 2;
+    state().drawingDemands[kOnDisk].stopsForCheck = true;
     EXPECT_TRUE(ZORBAppUtilities::openAndActivateDocument(MxtString(kOnDisk.c_str()), true));
     EXPECT_THAT(openNames(), ElementsAre(kOpen, kOnDisk));
+    EXPECT_EQ(state().documents[1]->drawingCheckWhenOpened, std::optional<short>(0));
+    EXPECT_FALSE(state().documents[1]->readOnly);
     EXPECT_EQ(state().activeDocument, state().documents[1]);
     EXPECT_THAT(drawingCheckWrites(), ElementsAre("0", "2"));
     EXPECT_EQ(drawingCheck(), 2);
