@@ -106,6 +106,36 @@ TEST_F(Documents, AnotherSeparatorGoesThroughTheHostsOpenAndAnUnfoundSecondSearc
     EXPECT_EQ(std::find(calls.begin(), calls.end(), "HostDocument.Activate"), calls.end());
 }
 
+// The order in which the host sees objects let go: opening releases the drawing Open gave at once,
+// and the collection, then the application, before "DWGCHECK" is put back; plotting releases the
+// application once it has the drawing, and at the end the layout, the plot object, the drawing.
+TEST_F(Documents, ObjectsAreLetGoInTheirOrder)
+{
+    host().journal().setRecordingReleases(true);
+    const auto after = [this](const std::string& method, size_t count) {
+        const std::vector<std::string> calls = hostCalls();
+        const auto at = std::find(calls.rbegin(), calls.rend(), method).base();
+        return std::vector<std::string>(at, at + std::min<std::ptrdiff_t>(count, calls.end() - at));
+    };
+
+    state().systemVariables[L"DWGCHECK"] = 2;
+    host().journal().clear();
+    EXPECT_TRUE(ZORBAppUtilities::openAndActivateDocument(MxtString(kOnDisk.c_str()), true));
+    EXPECT_THAT(after("HostDocuments.Open", 2), ElementsAre("HostDocument.Release", "HostDocuments.get_Count"));
+    EXPECT_THAT(after("HostDocument.Activate", 5),
+                ElementsAre("HostDocument.Release", "HostDocuments.Release", "HostApplication.Release",
+                            "sdk.zbedSetVar"));
+
+    host().journal().clear();
+    MxtString message;
+    EXPECT_TRUE(ZORBAppUtilities::plotLayout(MxtString(L""), MxtString(L"Layout1"), ZbDbPlotSettings::kWindow, 0, 1,
+                                             0, 1, message));
+    EXPECT_THAT(after("HostApplication.get_ActiveDocument", 2),
+                ElementsAre("HostApplication.Release", "HostDocument.get_Plot"));
+    EXPECT_THAT(after("HostPlot.PlotToDevice", 4),
+                ElementsAre("HostLayout.Release", "HostPlot.Release", "HostDocument.Release"));
+}
+
 TEST_F(Documents, APlotWindowGoesToTheActiveLayoutInTheParameterOrderGiven)
 {
     MxtString message(L"untouched");

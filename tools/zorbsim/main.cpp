@@ -14,7 +14,12 @@ namespace {
 
 void addReportOptions(CLI::App& command, zorbsim::ReportOptions& options)
 {
-    command.add_flag("--trace", options.trace, "Print the host calls of each call step under it");
+    CLI::Option* trace =
+        command.add_flag("--trace", options.trace, "Print the host calls of each call step under it");
+    command
+        .add_flag("--releases", options.releases,
+                  "With --trace: also show each host object the module let go, in order with the calls")
+        ->needs(trace);
     command.add_flag("--json", options.json, "Print the report as JSON instead of text");
     command
         .add_option_function<std::string>(

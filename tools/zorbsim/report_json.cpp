@@ -13,7 +13,8 @@ Json hostCallJson(const sim::JournalEntry& entry)
 {
     Json arguments = Json::array();
     for (const sim::JournalArgument& argument : entry.arguments)
-        arguments.push_back({{"type", sim::variantTypeName(argument.type)}, {"value", argument.value}});
+        arguments.push_back({{"type", sim::variantTypeName(argument.type)},
+                             {"value", argument.isNull ? Json(nullptr) : Json(argument.value)}});
     return {{"object", entry.object},
             {"method", entry.method},
             {"arguments", std::move(arguments)},

@@ -6,6 +6,7 @@
 #include "fault_plan.h"
 #include "host_core.h"
 #include "objects/call.h"
+#include "objects/release_record.h"
 #include "text.h"
 
 #include "host/object_model.h"
@@ -45,6 +46,7 @@ public:
 
     ULONG STDMETHODCALLTYPE Release() override
     {
+        journalRelease(*m_core, *this, interfaceName());
         --m_core->references;
         const ULONG left = --m_references;
         if (left == 0)
