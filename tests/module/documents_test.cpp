@@ -79,7 +79,7 @@ TEST_F(Documents, OpeningHoldsDrawingCheckAtZeroAndPutsItBackAfterSuccessOrFailu
     state().systemVariables[L"DWGCHECK"] = 2;
     state().drawingDemands[kOnDisk].stopsForCheck = true;
     EXPECT_TRUE(ZORBAppUtilities::openAndActivateDocument(MxtString(kOnDisk.c_str()), true));
-    EXPECT_THAT(openNames(), ElementsAre(kOpen, kOnDisk));
+    ASSERT_THAT(openNames(), ElementsAre(kOpen, kOnDisk));
     EXPECT_EQ(state().documents[1]->drawingCheckWhenOpened, std::optional<short>(0));
     EXPECT_FALSE(state().documents[1]->readOnly);
     EXPECT_EQ(state().activeDocument, state().documents[1]);
