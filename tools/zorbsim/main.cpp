@@ -48,6 +48,9 @@ int main(int argc, char** argv)
     using namespace zorbsim;
 
     CLI::App app{"Runs the MX host-utilities module against the simulated Zorb host.", "zorbsim"};
+    // Options are written --name on both builds: on Windows a path that starts with / is a path,
+    // not a Windows-style option (subcommands take this over when they are added).
+    app.allow_windows_style_options(false);
     app.require_subcommand(1);
     app.set_version_flag("--version", "zorbsim " ZORBSIM_VERSION);
 
