@@ -83,8 +83,12 @@ bool ZORBAppUtilities::openAndActivateDocument(const MxtString& path, bool activ
     bool open = false;
     DrawingCheckHold drawingCheck;
     catchAutomationFailure([&] {
-        const HostDocumentsPtr documents = readFromApplication<HostDocumentsPtr>(
-            [](HostApplication& application) { return application.GetDocuments(); });
+        // The application is held until the collection is let go, and both before "DWGCHECK" is
+        // put back: the order in which the host has always seen them released.
+        const HostApplicationPtr application = getHostApplication();
+        if (!application)
+            return;
+        const HostDocumentsPtr documents = application->GetDocuments();
         if (!documents)
             return;
         if (const HostDocumentPtr already = findOpenDocument(*documents, path)) {

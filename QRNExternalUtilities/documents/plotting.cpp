@@ -49,13 +49,17 @@ bool ZORBAppUtilities::plotLayout(const MxtString& plotConfigName, const MxtStri
                 [](HostApplication& application) { return application.GetActiveDocument(); });
             if (!document)
                 return;
+            // Declared in the reverse of the order they are let go at the end, as the host has
+            // always seen it: the layout, the list of layouts, the plot object, the document.
+            HostPlotPtr plot;
             const _variant_t layouts = layoutList(layoutName);
-            const HostPlotPtr plot = document->GetPlot();
+            plot = document->GetPlot();
             if (!plot)
                 return;
             // The settings go to the active layout, not to the one named: that name is used only in
             // the list of layouts to plot.
-            if (const HostLayoutPtr layout = document->GetActiveLayout()) {
+            const HostLayoutPtr layout = document->GetActiveLayout();
+            if (layout) {
                 if (plotType == ZbDbPlotSettings::kWindow)
                     setPlotWindow(*layout, x1, y1, x2, y2);
                 layout->PutPlotType(plotType);

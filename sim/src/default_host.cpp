@@ -3,6 +3,7 @@
 #include "sim/host.h"
 
 #include "default_menus.h"
+#include "model_builders.h"
 
 namespace sim {
 
@@ -18,9 +19,7 @@ HostState defaultHostState()
                             project + L"Shop\\C-201.dwg", L"C:\\Users\\mx\\Documents\\Drawing1.dwg"};
     auto open = std::make_shared<Document>();
     open->fullFileName = state.drawingsOnDisk.front();
-    open->activeLayout = std::make_shared<Layout>();
-    open->activeLayout->name = L"Layout1";
-    open->activeLayout->plotType = 5;  // the layout itself
+    detail::giveLayouts(*open, {L"Layout1", L"Layout2"});
     state.documents = {open};
     state.activeDocument = open;
 

@@ -109,6 +109,11 @@ void Host::clearFaults()
     disarmRuntimeFaults();
 }
 
+long long Host::entriesExamined() const
+{
+    return m_impl->installation.core().seats.examined();
+}
+
 long Host::referencesHeld() const
 {
     const detail::HostCore& core = m_impl->installation.core();

@@ -3,6 +3,7 @@
 // of touching freed memory.
 #pragma once
 
+#include "seats.h"
 #include "sim/journal.h"
 #include "sim/model.h"
 
@@ -23,6 +24,7 @@ struct HostCore {
     // Off unless a benchmark asks: reading the clock twice per call would slow every other use.
     bool timingCalls = false;
     std::chrono::steady_clock::duration callTime{};  // spent inside calls while timingCalls
+    Seats seats;  // where the calls last found the nodes of the objects called
     // Set while the dispatcher serves a late-bound call: the variant types of the caller's
     // arguments, which the call it reaches takes over.
     std::optional<std::vector<VARTYPE>> lateBoundArrival;

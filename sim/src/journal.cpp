@@ -103,6 +103,13 @@ std::vector<std::string> Journal::typedMethods() const
     return methods;
 }
 
+bool isRelease(const JournalEntry& entry)
+{
+    static const std::string kRelease = ".Release";
+    return entry.method.size() > kRelease.size() &&
+           entry.method.compare(entry.method.size() - kRelease.size(), kRelease.size(), kRelease) == 0;
+}
+
 std::string typedMethodOf(const JournalEntry& entry)
 {
     std::string typed = entry.method + "(";
@@ -140,7 +147,10 @@ std::string formatJournalLine(const JournalEntry& entry)
         if (i > 0)
             line += ", ";
         line += variantTypeName(argument.type);
-        if (isText(argument.type)) {
+        if (isText(argument.type) && argument.isNull) {
+            line += " null";
+        }
+        else if (isText(argument.type)) {
             line += " '";
             line += argument.value;
             line += '\'';

@@ -1,8 +1,9 @@
-// Short ways to build model nodes, for the built-in default host.
+// Short ways to build model nodes, for the built-in default host and the drawings the host opens.
 #pragma once
 
 #include "sim/model.h"
 
+#include <initializer_list>
 #include <memory>
 #include <string>
 #include <vector>
@@ -20,6 +21,19 @@ inline std::shared_ptr<PopupMenuItem> command(std::wstring label, std::wstring m
     item->macro = std::move(macro);
     item->tag = std::move(tag);
     return item;
+}
+
+// The layouts named, plotting themselves (plot type 5); the first is active.
+inline void giveLayouts(Document& document, std::initializer_list<const wchar_t*> names)
+{
+    constexpr long kPlotLayout = 5;
+    for (const wchar_t* name : names) {
+        auto layout = std::make_shared<Layout>();
+        layout->name = name;
+        layout->plotType = kPlotLayout;
+        document.layouts.push_back(layout);
+    }
+    document.activeLayout = document.layouts.front();
 }
 
 inline std::shared_ptr<PopupMenuItem> separator()

@@ -20,6 +20,19 @@ std::vector<std::shared_ptr<Node>> copyNodes(const std::vector<std::shared_ptr<N
     return copies;
 }
 
+// The copy of `node`: the copy at its position when it is one of `nodes`, else a copy of its own.
+template <class Node, class Copy>
+std::shared_ptr<Node> copyMember(const std::vector<std::shared_ptr<Node>>& nodes, const std::shared_ptr<Node>& node,
+                                 const std::vector<std::shared_ptr<Node>>& copies, Copy copy)
+{
+    if (!node)
+        return nullptr;
+    for (size_t i = 0; i < nodes.size(); ++i)
+        if (nodes[i] == node)
+            return copies[i];
+    return copy(*node);
+}
+
 // Deep copies; the map remembers where each copied top-level menu went.
 using MenuCopies = std::unordered_map<const PopupMenu*, std::shared_ptr<PopupMenu>>;
 
@@ -62,11 +75,13 @@ std::shared_ptr<MenuGroup> copyGroup(const MenuGroup& group, MenuCopies* copies)
     return copy;
 }
 
+std::shared_ptr<Layout> copyLayout(const Layout& layout) { return std::make_shared<Layout>(layout); }
+
 std::shared_ptr<Document> copyDocument(const Document& document)
 {
     auto copy = std::make_shared<Document>(document);
-    if (document.activeLayout)
-        copy->activeLayout = std::make_shared<Layout>(*document.activeLayout);
+    copy->layouts = copyNodes(document.layouts, copyLayout);
+    copy->activeLayout = copyMember(document.layouts, document.activeLayout, copy->layouts, copyLayout);
     return copy;
 }
 
@@ -86,12 +101,9 @@ HostState clone(const HostState& state)
         copy.menuBar.push_back(found != menuCopies.end() ? found->second : menu ? copyMenu(*menu) : nullptr);
     }
     copy.documents = copyNodes(state.documents, copyDocument);
-    for (size_t i = 0; i < state.documents.size(); ++i)
-        if (state.activeDocument && state.documents[i] == state.activeDocument)
-            copy.activeDocument = copy.documents[i];
-    if (state.activeDocument && !copy.activeDocument)
-        copy.activeDocument = copyDocument(*state.activeDocument);
+    copy.activeDocument = copyMember(state.documents, state.activeDocument, copy.documents, copyDocument);
     copy.drawingsOnDisk = state.drawingsOnDisk;
+    copy.drawingDemands = state.drawingDemands;
     copy.plotJobs = state.plotJobs;
     copy.plotterAnswers = state.plotterAnswers;
     copy.zoomRequests = state.zoomRequests;

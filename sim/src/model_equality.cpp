@@ -31,12 +31,25 @@ std::pair<long, long> placeOfMenu(const HostState& state, const PopupMenu* menu)
     return {-1, -1};
 }
 
-long positionOfDocument(const HostState& state, const Document* document)
+template <class Node> long positionOf(const std::vector<std::shared_ptr<Node>>& nodes, const Node* node)
 {
-    for (size_t i = 0; i < state.documents.size(); ++i)
-        if (state.documents[i].get() == document)
+    for (size_t i = 0; i < nodes.size(); ++i)
+        if (nodes[i].get() == node)
             return static_cast<long>(i);
     return -1;
+}
+
+// One of a collection's nodes compares by its position; a node outside it by its content.
+template <class Node>
+bool sameMember(const std::vector<std::shared_ptr<Node>>& aNodes, const std::shared_ptr<Node>& a,
+                const std::vector<std::shared_ptr<Node>>& bNodes, const std::shared_ptr<Node>& b)
+{
+    if (!a || !b)
+        return !a && !b;
+    const long position = positionOf(aNodes, a.get());
+    if (position != positionOf(bNodes, b.get()))
+        return false;
+    return position >= 0 || *a == *b;
 }
 
 // A menu of a group compares by its place; a menu outside every group by its content.
@@ -52,17 +65,6 @@ bool sameMenuBar(const HostState& a, const HostState& b)
             return false;
     }
     return true;
-}
-
-// An open document compares by its position; a drawing outside the collection by its content.
-bool sameActiveDocument(const HostState& a, const HostState& b)
-{
-    if (!a.activeDocument || !b.activeDocument)
-        return !a.activeDocument && !b.activeDocument;
-    const long position = positionOfDocument(a, a.activeDocument.get());
-    if (position != positionOfDocument(b, b.activeDocument.get()))
-        return false;
-    return position >= 0 || *a.activeDocument == *b.activeDocument;
 }
 
 bool sameMenuFiles(const HostState& a, const HostState& b)
@@ -123,8 +125,14 @@ bool PlotSettings::operator==(const PlotSettings& other) const
 
 bool Document::operator==(const Document& other) const
 {
-    return fullFileName == other.fullFileName && sameNode(activeLayout, other.activeLayout) &&
-           plot == other.plot;
+    return fullFileName == other.fullFileName && sameNodes(layouts, other.layouts) &&
+           sameMember(layouts, activeLayout, other.layouts, other.activeLayout) && plot == other.plot &&
+           readOnly == other.readOnly && drawingCheckWhenOpened == other.drawingCheckWhenOpened;
+}
+
+bool DrawingDemands::operator==(const DrawingDemands& other) const
+{
+    return stopsForCheck == other.stopsForCheck && password == other.password;
 }
 
 bool PlotJob::operator==(const PlotJob& other) const
@@ -154,7 +162,9 @@ bool HostState::operator==(const HostState& other) const
 {
     return behaviour == other.behaviour && sameNodes(menuGroups, other.menuGroups) &&
            sameMenuBar(*this, other) && sameNodes(documents, other.documents) &&
-           sameActiveDocument(*this, other) && drawingsOnDisk == other.drawingsOnDisk &&
+           sameMember(documents, activeDocument, other.documents, other.activeDocument) &&
+           drawingsOnDisk == other.drawingsOnDisk &&
+           drawingDemands == other.drawingDemands &&
            plotJobs == other.plotJobs && plotterAnswers == other.plotterAnswers &&
            zoomRequests == other.zoomRequests && preferences == other.preferences &&
            systemVariables == other.systemVariables && registryRootKey == other.registryRootKey &&

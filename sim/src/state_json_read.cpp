@@ -190,11 +190,27 @@ Layout readLayout(const JsonReader& in)
 
 Document readDocument(const JsonReader& in)
 {
-    in.expectObject({"fullFileName", "activeLayout", "plot"});
+    in.expectObject({"fullFileName", "layouts", "activeLayout", "plot", "readOnly", "drawingCheckWhenOpened"});
     Document document;
     readText(in, "fullFileName", document.fullFileName);
-    readMember(in, "activeLayout", document.activeLayout, [](const JsonReader& value) {
-        return value.isNull() ? nullptr : std::make_shared<Layout>(readLayout(value));
+    readNodesMember(in, "layouts", document.layouts, readLayout);
+    readBoolean(in, "readOnly", document.readOnly);
+    readMember(in, "drawingCheckWhenOpened", document.drawingCheckWhenOpened,
+               [](const JsonReader& value) -> std::optional<short> {
+                   if (value.isNull())
+                       return std::nullopt;
+                   return static_cast<short>(value.integer(SHRT_MIN, SHRT_MAX));
+               });
+    // A position in `layouts`, or a layout of its own.
+    readMember(in, "activeLayout", document.activeLayout, [&](const JsonReader& value) -> std::shared_ptr<Layout> {
+        if (value.isNull())
+            return nullptr;
+        if (value.isObject())
+            return std::make_shared<Layout>(readLayout(value));
+        const long long position = value.integer(0, kLongHighest);
+        if (position >= static_cast<long long>(document.layouts.size()) || !document.layouts[position])
+            value.fail("no layout at index " + std::to_string(position));
+        return document.layouts[position];
     });
     if (const auto plot = in.member("plot")) {
         plot->expectObject({"numberOfCopies", "quietErrorMode", "batchEntries", "layoutsToPlot"});
@@ -204,6 +220,19 @@ Document readDocument(const JsonReader& in)
         readMember(*plot, "layoutsToPlot", document.plot.layoutsToPlot, readTexts);
     }
     return document;
+}
+
+DrawingDemands readDrawingDemands(const JsonReader& in)
+{
+    in.expectObject({"stopsForCheck", "password"});
+    DrawingDemands demands;
+    readBoolean(in, "stopsForCheck", demands.stopsForCheck);
+    readMember(in, "password", demands.password, [](const JsonReader& value) -> std::optional<std::wstring> {
+        if (value.isNull())
+            return std::nullopt;
+        return value.text();
+    });
+    return demands;
 }
 
 PlotJob readPlotJob(const JsonReader& in)
@@ -371,7 +400,7 @@ template <class Value, class Read> std::map<std::wstring, Value> readMap(const J
 HostState readState(const JsonReader& in)
 {
     in.expectObject({"behaviour", "menuGroups", "menuBar", "documents", "activeDocument", "drawingsOnDisk",
-                     "plotJobs", "plotterAnswers", "zoomRequests", "preferences", "systemVariables",
+                     "drawingDemands", "plotJobs", "plotterAnswers", "zoomRequests", "preferences", "systemVariables",
                      "registry", "searchPathFiles", "menuFiles", "mxSupportFolder", "faults"});
     HostState state;
     if (const auto behaviour = in.member("behaviour")) {
@@ -392,6 +421,8 @@ HostState readState(const JsonReader& in)
     readMember(in, "activeDocument", state.activeDocument,
                [&](const JsonReader& value) { return readActiveDocument(state, value); });
     readMember(in, "drawingsOnDisk", state.drawingsOnDisk, readTexts);
+    readMember(in, "drawingDemands", state.drawingDemands,
+               [](const JsonReader& object) { return readMap<DrawingDemands>(object, readDrawingDemands); });
     readMember(in, "plotJobs", state.plotJobs, [](const JsonReader& array) {
         std::vector<PlotJob> jobs;
         for (const JsonReader& element : array.elements())

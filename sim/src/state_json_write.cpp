@@ -98,20 +98,45 @@ json windowOf(const std::optional<PlotWindow>& window)
             {"upperRight", {window->upperRightX, window->upperRightY}}};
 }
 
+json layoutOf(const Layout& layout)
+{
+    return {{"name", textOf(layout.name)}, {"plotType", layout.plotType}, {"window", windowOf(layout.window)}};
+}
+
+// A position in the document's layouts, or the layout itself when it is none of them.
+json activeLayoutOf(const Document& document)
+{
+    if (!document.activeLayout)
+        return nullptr;
+    for (size_t i = 0; i < document.layouts.size(); ++i)
+        if (document.layouts[i] == document.activeLayout)
+            return i;
+    return layoutOf(*document.activeLayout);
+}
+
 json documentOf(const Document& document)
 {
-    json layout = nullptr;
-    if (document.activeLayout)
-        layout = {{"name", textOf(document.activeLayout->name)},
-                  {"plotType", document.activeLayout->plotType},
-                  {"window", windowOf(document.activeLayout->window)}};
-    return {{"fullFileName", textOf(document.fullFileName)},
-            {"activeLayout", layout},
-            {"plot",
-             {{"numberOfCopies", document.plot.numberOfCopies},
-              {"quietErrorMode", document.plot.quietErrorMode},
-              {"batchEntries", document.plot.batchEntries},
-              {"layoutsToPlot", textsOf(document.plot.layoutsToPlot)}}}};
+    json out = {{"fullFileName", textOf(document.fullFileName)},
+                {"activeLayout", activeLayoutOf(document)},
+                {"plot",
+                 {{"numberOfCopies", document.plot.numberOfCopies},
+                  {"quietErrorMode", document.plot.quietErrorMode},
+                  {"batchEntries", document.plot.batchEntries},
+                  {"layoutsToPlot", textsOf(document.plot.layoutsToPlot)}}}};
+    // Left out while they hold their default, so that states written before they existed read the same.
+    if (!document.layouts.empty())
+        out["layouts"] = nodesOf(document.layouts, layoutOf);
+    if (document.readOnly)
+        out["readOnly"] = true;
+    if (document.drawingCheckWhenOpened)
+        out["drawingCheckWhenOpened"] = *document.drawingCheckWhenOpened;
+    return out;
+}
+
+json drawingDemandsOf(const DrawingDemands& demands)
+{
+    return {{"stopsForCheck", demands.stopsForCheck},
+            {"password", demands.password ? textOf(*demands.password) : json(nullptr)}};
 }
 
 json plotJobOf(const PlotJob& job)
@@ -209,6 +234,7 @@ nlohmann::json stateToJson(const HostState& state)
         {"documents", nodesOf(state.documents, documentOf)},
         {"activeDocument", activeDocumentOf(state)},
         {"drawingsOnDisk", textsOf(state.drawingsOnDisk)},
+        {"drawingDemands", mapOf(state.drawingDemands, drawingDemandsOf)},
         {"plotJobs", plotJobs},
         {"plotterAnswers", state.plotterAnswers},
         {"zoomRequests", zooms},

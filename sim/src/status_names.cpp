@@ -1,5 +1,7 @@
 #include "status_names.h"
 
+#include "sim/model.h"
+
 #include <cctype>
 #include <cstdint>
 #include <cstdio>
@@ -37,6 +39,8 @@ const NamedStatus kNamedStatuses[] = {
     {"DISP_E_PARAMNOTOPTIONAL", DISP_E_PARAMNOTOPTIONAL},
     {"HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND)", HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND)},
     {"HRESULT_FROM_WIN32(ERROR_PATH_NOT_FOUND)", HRESULT_FROM_WIN32(ERROR_PATH_NOT_FOUND)},
+    {"HRESULT_FROM_WIN32(ERROR_CANCELLED)", kOpenStoppedForCheck},
+    {"HRESULT_FROM_WIN32(ERROR_INVALID_PASSWORD)", kWrongPassword},
 };
 
 }  // namespace

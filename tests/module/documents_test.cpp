@@ -72,11 +72,16 @@ TEST_F(Documents, AnOpenDrawingIsFoundIgnoringCaseAndNotOpenedAgain)
     EXPECT_EQ(typedHostCalls()[4], "HostDocuments.Item(VT_INT)");
 }
 
+// The host would stop an unattended open to check this drawing unless DWGCHECK is 0 at the moment
+// of the open: a hold that comes after the Open, or not at all, fails to open it.
 TEST_F(Documents, OpeningHoldsDrawingCheckAtZeroAndPutsItBackAfterSuccessOrFailure)
 {
     state().systemVariables[L"DWGCHECK"] = 2;
+    state().drawingDemands[kOnDisk].stopsForCheck = true;
     EXPECT_TRUE(ZORBAppUtilities::openAndActivateDocument(MxtString(kOnDisk.c_str()), true));
-    EXPECT_THAT(openNames(), ElementsAre(kOpen, kOnDisk));
+    ASSERT_THAT(openNames(), ElementsAre(kOpen, kOnDisk));
+    EXPECT_EQ(state().documents[1]->drawingCheckWhenOpened, std::optional<short>(0));
+    EXPECT_FALSE(state().documents[1]->readOnly);
     EXPECT_EQ(state().activeDocument, state().documents[1]);
     EXPECT_THAT(drawingCheckWrites(), ElementsAre("0", "2"));
     EXPECT_EQ(drawingCheck(), 2);
@@ -99,6 +104,36 @@ TEST_F(Documents, AnotherSeparatorGoesThroughTheHostsOpenAndAnUnfoundSecondSearc
     const std::vector<std::string> calls = hostCalls();
     EXPECT_NE(std::find(calls.begin(), calls.end(), "HostDocuments.Open"), calls.end());
     EXPECT_EQ(std::find(calls.begin(), calls.end(), "HostDocument.Activate"), calls.end());
+}
+
+// The order in which the host sees objects let go: opening releases the drawing Open gave at once,
+// and the collection, then the application, before "DWGCHECK" is put back; plotting releases the
+// application once it has the drawing, and at the end the layout, the plot object, the drawing.
+TEST_F(Documents, ObjectsAreLetGoInTheirOrder)
+{
+    host().journal().setRecordingReleases(true);
+    const auto after = [this](const std::string& method, size_t count) {
+        const std::vector<std::string> calls = hostCalls();
+        const auto at = std::find(calls.rbegin(), calls.rend(), method).base();
+        return std::vector<std::string>(at, at + std::min<std::ptrdiff_t>(count, calls.end() - at));
+    };
+
+    state().systemVariables[L"DWGCHECK"] = 2;
+    host().journal().clear();
+    EXPECT_TRUE(ZORBAppUtilities::openAndActivateDocument(MxtString(kOnDisk.c_str()), true));
+    EXPECT_THAT(after("HostDocuments.Open", 2), ElementsAre("HostDocument.Release", "HostDocuments.get_Count"));
+    EXPECT_THAT(after("HostDocument.Activate", 5),
+                ElementsAre("HostDocument.Release", "HostDocuments.Release", "HostApplication.Release",
+                            "sdk.zbedSetVar"));
+
+    host().journal().clear();
+    MxtString message;
+    EXPECT_TRUE(ZORBAppUtilities::plotLayout(MxtString(L""), MxtString(L"Layout1"), ZbDbPlotSettings::kWindow, 0, 1,
+                                             0, 1, message));
+    EXPECT_THAT(after("HostApplication.get_ActiveDocument", 2),
+                ElementsAre("HostApplication.Release", "HostDocument.get_Plot"));
+    EXPECT_THAT(after("HostPlot.PlotToDevice", 4),
+                ElementsAre("HostLayout.Release", "HostPlot.Release", "HostDocument.Release"));
 }
 
 TEST_F(Documents, APlotWindowGoesToTheActiveLayoutInTheParameterOrderGiven)

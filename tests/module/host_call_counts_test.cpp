@@ -559,6 +559,8 @@ std::vector<CountedOperation> countedOperations()
     };
 }
 
+constexpr long long kMostExaminedPerCall = 4;
+
 std::string journalText(const std::vector<sim::JournalEntry>& calls)
 {
     std::ostringstream text;
@@ -582,6 +584,7 @@ TEST_P(PerOperation, FollowsItsFormula)
     state() = operation.host(n);
     host().syncEnvironment();
     host().journal().clear();
+    const long long examinedBefore = host().entriesExamined();
 
     EXPECT_TRUE(operation.run(n)) << operation.operation
                                   << " did not go the measured way: " << operation.measured;
@@ -590,6 +593,12 @@ TEST_P(PerOperation, FollowsItsFormula)
         << operation.operation << " with n = " << n << " " << operation.unit << " should make "
         << operation.formula.text(operation.unit) << " host calls (" << operation.calls << "); it made:\n"
         << journalText(calls);
+    // The host's own work per call does not grow with the host: each call finds its object's node
+    // where the host last saw it (a menu item: its group, its menu, itself and its journal name).
+    const long long examined = host().entriesExamined() - examinedBefore;
+    EXPECT_LE(examined, kMostExaminedPerCall * static_cast<long long>(calls.size()))
+        << operation.operation << " with n = " << n << " " << operation.unit << ": " << calls.size()
+        << " host calls looked at " << examined << " entries of the host's collections";
 }
 
 INSTANTIATE_TEST_SUITE_P(HostCallCounts, PerOperation,

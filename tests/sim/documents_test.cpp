@@ -28,6 +28,7 @@ TEST_F(Documents, OpeningMakesTheDrawingActiveAndAnOpenDrawingIsNotOpenedAgain)
     EXPECT_EQ(application()->GetActiveDocument()->GetFullFileName(), _bstr_t(kOnDisk));
     ASSERT_EQ(state().documents.size(), 2u);
     EXPECT_EQ(state().documents[1]->activeLayout->name, L"Layout1");
+    EXPECT_EQ(state().documents[1]->layouts, std::vector<std::shared_ptr<sim::Layout>>{state().documents[1]->activeLayout});
 
     open(kOpen);
     EXPECT_EQ(state().documents.size(), 2u);
@@ -46,6 +47,59 @@ TEST_F(Documents, OpeningIsRefusedForADrawingNotOnDiskOrArgumentsOfTheWrongKind)
     EXPECT_EQ(failureOf([] { documents()->Open(kOnDisk, _variant_t(short(0)), _variant_t(3L)); }).Error(),
               DISP_E_TYPEMISMATCH);
     EXPECT_EQ(state().documents.size(), 1u);
+}
+
+// What a drawing on disk asks before it opens: no stop for its check while DWGCHECK is 0, and its
+// own password. A refused open opens nothing; an opened drawing keeps how it was opened.
+TEST_F(Documents, OpeningMeetsWhatTheDrawingAsks)
+{
+    const short kNoVariable = -32768;  // the host has no DWGCHECK
+    struct Case {
+        const char* name;
+        bool stopsForCheck;
+        const wchar_t* drawingPassword;  // null: it needs none
+        short drawingCheck;
+        _variant_t readOnly;
+        _variant_t password;
+        HRESULT status;
+    };
+    const Case cases[] = {
+        {"asks nothing, read-only", false, nullptr, 1, _variant_t(short(-1)), missing(), S_OK},
+        {"checked, DWGCHECK 0", true, nullptr, 0, _variant_t(short(0)), missing(), S_OK},
+        {"checked, DWGCHECK 2", true, nullptr, 2, _variant_t(short(0)), missing(), sim::kOpenStoppedForCheck},
+        {"checked, no DWGCHECK", true, nullptr, kNoVariable, missing(), missing(), sim::kOpenStoppedForCheck},
+        {"its password", false, L"Steel", 1, missing(), _variant_t(L"Steel"), S_OK},
+        {"its password in other case", false, L"Steel", 1, missing(), _variant_t(L"steel"), sim::kWrongPassword},
+        {"no password", false, L"Steel", 1, missing(), missing(), sim::kWrongPassword},
+        {"checked first", true, L"Steel", 3, missing(), _variant_t(L"x"), sim::kOpenStoppedForCheck},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        state() = sim::defaultHostState();
+        sim::DrawingDemands& demands = state().drawingDemands[kOnDisk];
+        demands.stopsForCheck = c.stopsForCheck;
+        if (c.drawingPassword)
+            demands.password = c.drawingPassword;
+        if (c.drawingCheck != kNoVariable)
+            state().systemVariables[L"DWGCHECK"] = c.drawingCheck;
+        else
+            state().systemVariables.erase(L"DWGCHECK");
+        HostDocument* opened = nullptr;
+        EXPECT_EQ(documents()->raw_Open(_bstr_t(kOnDisk), c.readOnly, c.password, &opened), c.status);
+        if (FAILED(c.status)) {
+            EXPECT_EQ(opened, nullptr);
+            EXPECT_EQ(state().documents.size(), 1u);
+            continue;
+        }
+        ASSERT_NE(opened, nullptr);
+        opened->Release();
+        ASSERT_EQ(state().documents.size(), 2u);
+        const sim::Document& document = *state().documents[1];
+        EXPECT_EQ(document.readOnly, V_VT(&c.readOnly) == VT_I2 && V_I2(&c.readOnly) != 0);
+        EXPECT_EQ(document.drawingCheckWhenOpened, c.drawingCheck == kNoVariable ? 1 : c.drawingCheck);
+    }
+    EXPECT_EQ(descriptionOf(failureOf([] { open(kOnDisk); })),
+              std::wstring(L"the host stopped to check drawing '") + kOnDisk + L"', as DWGCHECK is not 0");
 }
 
 TEST_F(Documents, ClosingActivatesTheLastDrawingLeftAndSavesUnderTheNameGiven)

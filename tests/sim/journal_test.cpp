@@ -51,6 +51,24 @@ TEST_F(JournalTest, ALineShowsMethodArgumentsObjectAndStatus)
     resbuf value;
     zbedGetVar(L"DWGCHECK", &value);
     EXPECT_EQ(sim::formatJournalLine(last()), "sdk.zbedGetVar(VT_LPWSTR 'DWGCHECK') on sdk -> S_OK");
+
+    // A null text is no text at all, and shows so; an empty one is quoted.
+    HostPreferencesFilesPtr files = application()->GetPreferences()->GetFiles();
+    files->PutDrawingPath(_bstr_t());
+    EXPECT_TRUE(last().arguments[0].isNull);
+    EXPECT_EQ(sim::formatJournalLine(last()), "HostPreferencesFiles.put_DrawingPath(VT_BSTR null) on HostPreferencesFiles -> S_OK");
+    files->PutDrawingPath(_bstr_t(L""));
+    EXPECT_FALSE(last().arguments[0].isNull);
+    EXPECT_EQ(sim::formatJournalLine(last()), "HostPreferencesFiles.put_DrawingPath(VT_BSTR '') on HostPreferencesFiles -> S_OK");
+    zbedGetVar(nullptr, &value);
+    EXPECT_EQ(sim::formatJournalLine(last()), "sdk.zbedGetVar(VT_LPWSTR null) on sdk -> E_FAIL");
+    VARIANT nullText;
+    V_VT(&nullText) = VT_BSTR;
+    V_BSTR(&nullText) = nullptr;
+    HostDocument* none = nullptr;
+    EXPECT_EQ(application()->GetDocuments()->raw_Item(nullText, &none), DISP_E_BADINDEX);
+    EXPECT_TRUE(last().arguments[0].isNull);
+    EXPECT_EQ(sim::formatJournalLine(last()).substr(0, 32), "HostDocuments.Item(VT_BSTR null)");
 }
 
 TEST_F(JournalTest, ItemsAndSubmenusAreNamedByTheirPlace)
@@ -71,6 +89,24 @@ TEST_F(JournalTest, AJournalSwitchedOffRecordsNothing)
     host().journal().setEnabled(true);
     application();
     EXPECT_EQ(host().journal().entries().size(), 2u);
+}
+
+// Releases are recorded only when asked, in order with the calls, under the object's name.
+TEST_F(JournalTest, ReleasesAreRecordedWhenAsked)
+{
+    HostMenuGroupsPtr groups = application()->GetMenuGroups();
+    host().journal().clear();
+    groups->Item(indexOf(VT_I4, 0))->GetName();
+    EXPECT_EQ(hostCalls(), (std::vector<std::string>{"HostMenuGroups.Item", "HostMenuGroup.get_Name"}));
+
+    host().journal().setRecordingReleases(true);
+    host().journal().clear();
+    groups->Item(indexOf(VT_I4, 0))->GetName();
+    groups = nullptr;
+    EXPECT_EQ(hostCalls(), (std::vector<std::string>{"HostMenuGroups.Item", "HostMenuGroup.get_Name",
+                                                     "HostMenuGroup.Release", "HostMenuGroups.Release"}));
+    EXPECT_TRUE(sim::isRelease(last()));
+    EXPECT_EQ(sim::formatJournalLine(last()), "HostMenuGroups.Release() on HostMenuGroups -> S_OK");
 }
 
 TEST(JournalNames, VariantTypesAndStatusesPrintAsThePlatformNamesThem)

@@ -65,12 +65,13 @@ static_assert(memberCount<sim::MenuGroup>() == 3);
 static_assert(memberCount<sim::PlotWindow>() == 4);
 static_assert(memberCount<sim::Layout>() == 3);
 static_assert(memberCount<sim::PlotSettings>() == 4);
-static_assert(memberCount<sim::Document>() == 3);
+static_assert(memberCount<sim::Document>() == 6);
+static_assert(memberCount<sim::DrawingDemands>() == 2);
 static_assert(memberCount<sim::PlotJob>() == 6);
 static_assert(memberCount<sim::ZoomRequest>() == 4);
 static_assert(memberCount<sim::PreferencesFiles>() == 4);
 static_assert(memberCount<sim::HostBehaviour>() == 2);
-static_assert(memberCount<sim::HostState>() == 17);
+static_assert(memberCount<sim::HostState>() == 19);  // the first is its base, sim::MoveOnly
 static_assert(memberCount<sim::Answer>() == 2);
 static_assert(memberCount<sim::Fault>() == 7);
 
@@ -122,11 +123,12 @@ sim::HostState everyMemberSet()
     const auto columns = node(sim::Toolbar{L"MX Columns", L"TB_COLUMNS", true, 1, 0, 0, 1, {}});
     const auto mx = node(sim::MenuGroup{L"MX", {steel, drawings}, {beams, columns}});
 
-    const auto hall =
-        node(sim::Document{L"C:\\Projects\\Hall\\hall.dwg",
-                           node(sim::Layout{L"Layout1", 4, sim::PlotWindow{0.5, 1.25, 420, 297}}),
-                           sim::PlotSettings{3, true, 2, {L"Layout1", L"Layout2"}}});
-    const auto roof = node(sim::Document{L"C:\\Projects\\Hall\\roof.dwg", nullptr, sim::PlotSettings{}});
+    const auto sheet = node(sim::Layout{L"Layout1", 4, sim::PlotWindow{0.5, 1.25, 420, 297}});
+    const auto hall = node(sim::Document{L"C:\\Projects\\Hall\\hall.dwg", sheet,
+                                         sim::PlotSettings{3, true, 2, {L"Layout1", L"Layout2"}}, true, short{0},
+                                         {sheet, node(sim::Layout{L"Layout2", 5, std::nullopt})}});
+    const auto roof = node(
+        sim::Document{L"C:\\Projects\\Hall\\roof.dwg", nullptr, sim::PlotSettings{}, false, std::nullopt, {}});
 
     sim::HostState state;
     state.behaviour = sim::HostBehaviour{true, sim::BeyondEnd::append};
@@ -137,6 +139,7 @@ sim::HostState everyMemberSet()
     state.documents = {hall, roof};
     state.activeDocument = hall;
     state.drawingsOnDisk = {L"C:\\Projects\\Hall\\hall.dwg", L"C:\\Projects\\Hall\\crane.dwg"};
+    state.drawingDemands = {{L"C:\\Projects\\Hall\\crane.dwg", sim::DrawingDemands{true, L"Hook"}}};
     state.plotJobs = {sim::PlotJob{L"C:\\Projects\\Hall\\hall.dwg",
                                    L"Office plotter",
                                    {L"Layout1"},
@@ -234,6 +237,13 @@ const std::vector<Mutation> kMutations = {
     {"Document.fullFileName",
      [](sim::HostState& s) { hall(s).fullFileName = L"C:\\Projects\\Hall\\shed.dwg"; }},
     {"Document.activeLayout", [](sim::HostState& s) { hall(s).activeLayout = nullptr; }},
+    {"Document.activeLayout (another of its layouts)",
+     [](sim::HostState& s) { hall(s).activeLayout = hall(s).layouts[1]; }},
+    {"Document.activeLayout (outside its layouts)",
+     [](sim::HostState& s) { hall(s).activeLayout = node(sim::Layout(layout(s))); }},
+    {"Document.layouts", [](sim::HostState& s) { hall(s).layouts.pop_back(); }},
+    {"Document.readOnly", [](sim::HostState& s) { hall(s).readOnly = false; }},
+    {"Document.drawingCheckWhenOpened", [](sim::HostState& s) { hall(s).drawingCheckWhenOpened.reset(); }},
     {"Layout.name", [](sim::HostState& s) { layout(s).name = L"Layout2"; }},
     {"Layout.plotType", [](sim::HostState& s) { layout(s).plotType = 1; }},
     {"Layout.window", [](sim::HostState& s) { layout(s).window.reset(); }},
@@ -249,6 +259,9 @@ const std::vector<Mutation> kMutations = {
     {"activeDocument (outside the collection)",
      [](sim::HostState& s) { s.activeDocument = node(sim::Document(hall(s))); }},
     {"drawingsOnDisk", [](sim::HostState& s) { s.drawingsOnDisk[1] = L"C:\\Projects\\Hall\\gantry.dwg"; }},
+    {"drawingDemands", [](sim::HostState& s) { s.drawingDemands.clear(); }},
+    {"DrawingDemands.stopsForCheck", [](sim::HostState& s) { s.drawingDemands.begin()->second.stopsForCheck = false; }},
+    {"DrawingDemands.password", [](sim::HostState& s) { s.drawingDemands.begin()->second.password.reset(); }},
     {"plotJobs", [](sim::HostState& s) { s.plotJobs.push_back(sim::PlotJob{}); }},
     {"PlotJob.document", [](sim::HostState& s) { s.plotJobs[0].document = L"C:\\Projects\\Hall\\roof.dwg"; }},
     {"PlotJob.device", [](sim::HostState& s) { s.plotJobs[0].device.reset(); }},

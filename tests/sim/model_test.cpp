@@ -5,11 +5,17 @@
 
 #include <gtest/gtest.h>
 
+#include <type_traits>
+
 namespace {
 
 sim::HostState loaded(const char* text) { return sim::stateFromJson(nlohmann::json::parse(text)); }
 
 }  // namespace
+
+// A member-wise copy would share the nodes, so `HostState b = a;` must not compile: clone copies.
+static_assert(!std::is_copy_constructible_v<sim::HostState> && !std::is_copy_assignable_v<sim::HostState>);
+static_assert(std::is_nothrow_move_constructible_v<sim::HostState> && std::is_move_assignable_v<sim::HostState>);
 
 TEST(StateModel, ACloneSharesNoNodeWithItsOriginal)
 {
@@ -67,6 +73,6 @@ TEST(StateJsonForms, AStateWithAFaultTheHostCannotHonourIsNotInstalled)
 {
     sim::HostState state = sim::defaultHostState();
     state.faults.push_back(module_testing::failingCall("HostMenuGroups.Item", 0, S_FALSE));
-    EXPECT_THROW(sim::Host host(state), std::invalid_argument);
+    EXPECT_THROW(sim::Host host(sim::clone(state)), std::invalid_argument);
     EXPECT_EQ(sim::Host::current(), nullptr);
 }

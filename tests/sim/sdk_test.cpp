@@ -106,7 +106,7 @@ TEST(SdkWithoutHost, AKeyThatWasThereBeforeTheHostIsLeftInPlaceUnlessASimulatedH
         sim::HostState state = sim::defaultHostState();
         state.registryRootKey = root;
         {
-            sim::Host host(state);
+            sim::Host host(std::move(state));
             EXPECT_EQ(registryValue(root, L"ZorbLocation"), MxtString(L"C:\\Program Files\\Zorb 2026"));
         }
         EXPECT_EQ(registryValue(root, L"ZorbLocation"), MxtString(leftBehind ? L"(none)" : L"E:\\Zorb"));
@@ -134,7 +134,7 @@ TEST(SdkWithoutHost, AHostWithoutARootKeyWritesNoRegistryValues)
 {
     sim::HostState state = sim::defaultHostState();
     state.registryRootKey.clear();
-    sim::Host host(state);
+    sim::Host host(std::move(state));
     EXPECT_EQ(registryValue(L"", L"ZorbLocation"), MxtString(L"(none)"));
     EXPECT_STREQ(zbdbHostApplicationServices()->getUserRegistryProductRootKey(), L"");
 }

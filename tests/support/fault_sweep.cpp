@@ -212,7 +212,8 @@ private:
         sim::Host host(strictly(m_operation.initialState()));
         const simtest::Leftovers leftovers(host);
         host.journal().clear();
-        m_history = {sim::clone(host.state())};
+        m_history.clear();
+        m_history.push_back(sim::clone(host.state()));
         host.journal().setObserver(
             [&](const sim::JournalEntry&) { m_history.push_back(sim::clone(host.state())); });
         const RunOutcome outcome = runGuarded(m_operation);

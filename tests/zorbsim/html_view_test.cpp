@@ -194,9 +194,26 @@ TEST(HostView, MarksVariablesAndTheDocumentThatBecameActive)
     EXPECT_EQ(html::changedParts(before, after), (std::vector<std::string>{"documents", "system variables"}));
 }
 
+TEST(HostView, ShowsADrawingsLayoutsWithTheActiveOneAndWhetherItIsReadOnly)
+{
+    sim::HostState state = sim::defaultHostState();
+    sim::Document& open = *state.documents[0];
+    open.activeLayout = open.layouts[1];
+    open.readOnly = true;
+    const std::string view = viewOf(state);
+    EXPECT_THAT(view, HasSubstr("<td>Layout1, <strong>Layout2</strong> (active: plot type 5 layout, window none)</td>"));
+    EXPECT_THAT(view, HasSubstr("<span class=\"badge\">read-only</span>"));
+
+    open.activeLayout = std::make_shared<sim::Layout>(sim::Layout{L"Sheet", 4, std::nullopt});
+    open.readOnly = false;
+    EXPECT_THAT(viewOf(state), HasSubstr("<td><strong>Sheet</strong> (active: plot type 4 window, window none), "
+                                         "Layout1, Layout2</td>"));
+    EXPECT_THAT(viewOf(state), Not(HasSubstr("read-only")));
+}
+
 TEST(RunStates, AreKeptOnlyWhenAskedAndSharedWhileNothingChanges)
 {
-    // A state's copy shares its nodes, so each run starts from a host of its own.
+    // Each run starts from a clone of the demo's host: a run changes the state it is given.
     const zorbsim::Scenario demo = zorbsim::demoScenario();
     const zorbsim::RunResult dropped = zorbsim::runScenario(
         sim::clone(demo.host), demo.steps, zorbsim::HostCalls::dropped, zorbsim::HostStates::dropped);

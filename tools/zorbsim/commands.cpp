@@ -54,7 +54,9 @@ int runScenarioCommand(Scenario scenario, const ReportOptions& options)
     // The page shows every step's host calls and the host after it; a run keeps them only for it.
     const RunResult run =
         runScenario(std::move(scenario.host), scenario.steps,
-                    options.trace || options.html ? HostCalls::kept : HostCalls::dropped,
+                    options.releases                  ? HostCalls::keptWithReleases
+                    : options.trace || options.html ? HostCalls::kept
+                                                    : HostCalls::dropped,
                     options.html ? HostStates::kept : HostStates::dropped);
     if (options.json)
         printJsonReport(std::cout, scenario, run, options.trace);

@@ -18,6 +18,7 @@ enum ExitCode : int {
 
 struct ReportOptions {
     bool trace = false;          // the host calls under each call step
+    bool releases = false;       // with them, each host object the module let go
     bool json = false;           // the report as JSON
     bool dumpState = false;      // --dump-state was given
     std::string dumpStatePath;   // where to write the final host state

@@ -76,13 +76,28 @@ std::string namesText(const std::vector<std::wstring>& names)
     return text.empty() ? "none" : text;
 }
 
-std::string layoutText(const sim::Document& document)
+std::string activeLayoutText(const sim::Layout& layout)
 {
-    if (!document.activeLayout)
-        return "none";
-    const sim::Layout& layout = *document.activeLayout;
-    return escape(layout.name) + ", plot type " + plotTypeText(layout.plotType) + ", window " +
-           windowText(layout.window);
+    return "<strong>" + escape(layout.name) + "</strong> (active: plot type " + plotTypeText(layout.plotType) +
+           ", window " + windowText(layout.window) + ")";
+}
+
+// The drawing's layouts in order, the active one with its plot settings; an active layout that is
+// none of them comes first.
+std::string layoutsText(const sim::Document& document)
+{
+    std::vector<std::string> texts;
+    const auto& layouts = document.layouts;
+    if (document.activeLayout && std::find(layouts.begin(), layouts.end(), document.activeLayout) == layouts.end())
+        texts.push_back(activeLayoutText(*document.activeLayout));
+    for (const auto& layout : layouts)
+        texts.push_back(!layout ? "<span class=\"muted\">no object</span>"
+                        : layout == document.activeLayout ? activeLayoutText(*layout)
+                                                          : escape(layout->name));
+    std::string text;
+    for (const std::string& part : texts)
+        text += (text.empty() ? "" : ", ") + part;
+    return text.empty() ? "none" : text;
 }
 
 std::string plotSettingsText(const sim::PlotSettings& plot)
@@ -129,7 +144,7 @@ std::string documentsHtml(const sim::HostState& before, const sim::HostState& af
     if (documents.empty())
         html += "<p class=\"muted\">no drawing open</p>";
     else
-        html += "<table><tr><th>Drawing</th><th>Active layout</th><th>Plot settings</th></tr>";
+        html += "<table><tr><th>Drawing</th><th>Layouts</th><th>Plot settings</th></tr>";
     for (const DocumentVersions& document : documents) {
         const char* mark = changeClass(documentChange(document, before, after));
         if (!document.shown()) {
@@ -140,7 +155,8 @@ std::string documentsHtml(const sim::HostState& before, const sim::HostState& af
         const bool active = wasActive(after, document.after);
         html += std::string("<tr class=\"document") + (active ? " active" : "") + mark + "\" data-name=\"" +
                 escape(shown.fullFileName) + "\"><td>" + escape(shown.fullFileName) + activeBadge(active) +
-                "</td><td>" + layoutText(shown) + "</td><td>" + plotSettingsText(shown.plot) + "</td></tr>";
+                (shown.readOnly ? " <span class=\"badge\">read-only</span>" : "") + "</td><td>" +
+                layoutsText(shown) + "</td><td>" + plotSettingsText(shown.plot) + "</td></tr>";
     }
     if (!documents.empty())
         html += "</table>";

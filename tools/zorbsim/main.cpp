@@ -14,7 +14,12 @@ namespace {
 
 void addReportOptions(CLI::App& command, zorbsim::ReportOptions& options)
 {
-    command.add_flag("--trace", options.trace, "Print the host calls of each call step under it");
+    CLI::Option* trace =
+        command.add_flag("--trace", options.trace, "Print the host calls of each call step under it");
+    command
+        .add_flag("--releases", options.releases,
+                  "With --trace: also show each host object the module let go, in order with the calls")
+        ->needs(trace);
     command.add_flag("--json", options.json, "Print the report as JSON instead of text");
     command
         .add_option_function<std::string>(
@@ -43,6 +48,9 @@ int main(int argc, char** argv)
     using namespace zorbsim;
 
     CLI::App app{"Runs the MX host-utilities module against the simulated Zorb host.", "zorbsim"};
+    // Options are written --name on both builds: on Windows a path that starts with / is a path,
+    // not a Windows-style option (subcommands take this over when they are added).
+    app.allow_windows_style_options(false);
     app.require_subcommand(1);
     app.set_version_flag("--version", "zorbsim " ZORBSIM_VERSION);
 

@@ -31,7 +31,7 @@ void runCall(sim::Host& host, const CallStep& call, HostCalls hostCalls, StepRes
     catch (...) {
         result.otherException = "an exception of unknown type";
     }
-    if (hostCalls == HostCalls::kept)
+    if (hostCalls != HostCalls::dropped)
         result.hostCalls = host.journal().entries();
     const long referencesLeft = host.referencesHeld() - referencesBefore;
     result.referencesKept = call.operation->keepsApplicationReference() ? std::min(referencesLeft, 1L) : 0;
@@ -65,6 +65,7 @@ RunResult runScenario(sim::HostState state, const std::vector<Step>& steps, Host
                       HostStates hostStates)
 {
     sim::Host host(std::move(state));
+    host.journal().setRecordingReleases(hostCalls == HostCalls::keptWithReleases);
     RunResult run;
     std::shared_ptr<const sim::HostState> lastState;
     if (hostStates == HostStates::kept)

@@ -12,8 +12,9 @@ namespace zorbsim {
 
 // What a run keeps of each call besides its outcome.
 enum class HostCalls {
-    dropped,  // none: a long run's memory then grows only with what the report shows
-    kept,     // every host call, for the trace
+    dropped,           // none: a long run's memory then grows only with what the report shows
+    kept,              // every host call, for the trace
+    keptWithReleases,  // and each release of a host object, in order with them
 };
 
 // Whether a run keeps the host state before its first step and after each step.

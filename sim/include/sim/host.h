@@ -48,6 +48,12 @@ public:
     void startTimingHostCalls();
     std::chrono::nanoseconds hostCallTime() const;
 
+    // The entries of the host's collections that its calls looked at to find the nodes of the
+    // objects called again (each call checks that its object's node is still in the host), since
+    // the host was installed. A node is found again where the host last saw it, so this grows by
+    // one per collection and call unless entries were added or removed before the node.
+    long long entriesExamined() const;
+
     // Text buffers the host allocated for callers (zbedFindFile) and that were not yet given back
     // with zbHeapFree, by any host of the process.
     long buffersHeld() const;

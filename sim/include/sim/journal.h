@@ -15,6 +15,7 @@ namespace sim {
 struct JournalArgument {
     VARTYPE type = VT_EMPTY;  // the variant type the argument crossed as (VT_BSTR for strings, VT_I4 ...)
     std::string value;        // readable text of the value, UTF-8 ("3", "C:\\a", "DISP_E_PARAMNOTFOUND")
+    bool isNull = false;      // a text that is no text at all (a null string), unlike an empty one
 };
 
 struct JournalEntry {
@@ -40,6 +41,12 @@ public:
     void setEnabled(bool enabled) { m_enabled = enabled; }
     bool enabled() const { return m_enabled; }
 
+    // On: each release of a host object by its caller is recorded too, in order with the calls, as
+    // a call of "Interface.Release" without arguments that returns S_OK, so that a test can see
+    // when an object was let go. Off unless asked (the journal then holds calls only).
+    void setRecordingReleases(bool on) { m_releases = on; }
+    bool recordsReleases() const { return m_releases; }
+
     // The methods called, in order ("HostMenuGroups.Item", ...): the handiest form for tests.
     std::vector<std::string> methods() const;
     // The same with the variant types the arguments crossed as ("HostMenuGroups.Item(VT_I4)").
@@ -52,8 +59,12 @@ public:
 private:
     std::vector<JournalEntry> m_entries;
     bool m_enabled = true;
+    bool m_releases = false;
     std::function<void(const JournalEntry&)> m_observer;
 };
+
+// Whether the entry records a release rather than a call (Journal::setRecordingReleases).
+SIM_API bool isRelease(const JournalEntry& entry);
 
 // One readable line: HostMenuGroups.Item(VT_I4 0) on HostMenuGroups -> S_OK; a late-bound call ends
 // with what arrived: " [late-bound: VT_I2]".

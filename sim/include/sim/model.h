@@ -110,8 +110,13 @@ struct PlotSettings {
 
 struct Document {
     std::wstring fullFileName;
-    std::shared_ptr<Layout> activeLayout;  // null: the document has no active layout
+    // One of `layouts`, or a layout of its own (a document arranged without its layouts), or null:
+    // the document has no active layout.
+    std::shared_ptr<Layout> activeLayout;
     PlotSettings plot;
+    bool readOnly = false;                        // opened read-only: the host will not save it
+    std::optional<short> drawingCheckWhenOpened;  // DWGCHECK as the host opened it; none: open from the start
+    std::vector<std::shared_ptr<Layout>> layouts;  // the drawing's layouts, in the host's order
 
     SIM_API bool operator==(const Document& other) const;
     bool operator!=(const Document& other) const { return !(*this == other); }
@@ -164,13 +169,43 @@ struct HostBehaviour {
     bool operator!=(const HostBehaviour& other) const { return !(*this == other); }
 };
 
-struct HostState {
+// What makes the host state move-only while it stays a plain aggregate.
+struct MoveOnly {
+    MoveOnly() = default;
+    MoveOnly(MoveOnly&&) = default;
+    MoveOnly& operator=(MoveOnly&&) = default;
+    MoveOnly(const MoveOnly&) = delete;
+    MoveOnly& operator=(const MoveOnly&) = delete;
+    ~MoveOnly() = default;
+};
+
+// Move-only: its nodes are shared pointers, so a member-wise copy would share them, and two hosts
+// started from such copies would change each other. `clone` is the one way to copy a state.
+// The statuses of an Open that the host refuses for what a drawing asks: its check would stop the
+// open with a prompt (HRESULT_FROM_WIN32(ERROR_CANCELLED)), or the password given is not the
+// drawing's (HRESULT_FROM_WIN32(ERROR_INVALID_PASSWORD)).
+constexpr HRESULT kOpenStoppedForCheck = static_cast<HRESULT>(0x800704C7u);
+constexpr HRESULT kWrongPassword = static_cast<HRESULT>(0x80070056u);
+
+// What the host asks before it opens a drawing on disk; a drawing not listed asks nothing.
+struct DrawingDemands {
+    // The host stops to check the drawing, with a prompt that an unattended open cannot answer,
+    // unless DWGCHECK is 0 (a host without the variable checks).
+    bool stopsForCheck = false;
+    std::optional<std::wstring> password;  // it opens only with this password (letter case counts)
+
+    SIM_API bool operator==(const DrawingDemands& other) const;
+    bool operator!=(const DrawingDemands& other) const { return !(*this == other); }
+};
+
+struct HostState : MoveOnly {
     HostBehaviour behaviour;
     std::vector<std::shared_ptr<MenuGroup>> menuGroups;      // loaded, in the host's order
     std::vector<std::shared_ptr<PopupMenu>> menuBar;         // menus on the menu bar, in order
     std::vector<std::shared_ptr<Document>> documents;        // open, in the host's order
     std::shared_ptr<Document> activeDocument;                // one of documents, or null
     std::vector<std::wstring> drawingsOnDisk;                // full file names the host can open
+    std::map<std::wstring, DrawingDemands> drawingDemands;   // of drawings on disk, by full file name
     std::vector<PlotJob> plotJobs;
     bool plotterAnswers = true;                              // what PlotToDevice answers
     std::vector<ZoomRequest> zoomRequests;
@@ -192,7 +227,8 @@ struct HostState {
     bool operator!=(const HostState& other) const { return !(*this == other); }
 };
 
-// A deep copy whose nodes share nothing with the original.
+// A deep copy whose nodes share nothing with the original: the copy and the original can be changed,
+// and installed in hosts, independently.
 SIM_API HostState clone(const HostState& state);
 
 }  // namespace sim

@@ -33,8 +33,10 @@ std::string describeElement(VARTYPE type, const void* element)
         return text::formatReal(*static_cast<const DOUBLE*>(element));
     case VT_BOOL:
         return describeBoolean(*static_cast<const VARIANT_BOOL*>(element));
-    case VT_BSTR:
-        return "'" + text::toUtf8(text::fromBstr(*static_cast<const BSTR*>(element))) + "'";
+    case VT_BSTR: {
+        const BSTR text = *static_cast<const BSTR*>(element);
+        return text ? "'" + text::toUtf8(text::fromBstr(text)) + "'" : std::string("null");
+    }
     case VT_VARIANT: {
         const VARIANT& inner = *static_cast<const VARIANT*>(element);
         return variantTypeName(V_VT(&inner)) + " " + describeVariantValue(inner);
@@ -122,12 +124,13 @@ JournalArgument Arg::describe() const
 {
     switch (m_kind) {
     case Kind::variant:
-        return {V_VT(m_variant), describeVariantValue(*m_variant)};
+        return {V_VT(m_variant), describeVariantValue(*m_variant),
+                V_VT(m_variant) == VT_BSTR && V_BSTR(m_variant) == nullptr};
     case Kind::automationText:
-        return {VT_BSTR, text::toUtf8(text::fromBstr(const_cast<BSTR>(m_text)))};
+        return {VT_BSTR, text::toUtf8(text::fromBstr(const_cast<BSTR>(m_text))), m_text == nullptr};
     case Kind::sdkText:
-        return {VT_LPWSTR,
-                m_text ? text::toUtf8(std::wstring_view(m_text, std::wcslen(m_text))) : std::string("null")};
+        return {VT_LPWSTR, m_text ? text::toUtf8(std::wstring_view(m_text, std::wcslen(m_text))) : std::string(),
+                m_text == nullptr};
     case Kind::flag:
         return {VT_BOOL, describeBoolean(static_cast<VARIANT_BOOL>(m_number))};
     case Kind::number:

@@ -1,4 +1,5 @@
 // The open drawings, and one drawing.
+#include "model_builders.h"
 #include "objects/arguments_in.h"
 #include "objects/host_object.h"
 #include "objects/objects.h"
@@ -7,9 +8,6 @@
 
 namespace sim::detail {
 namespace {
-
-// The plot area a drawing's layout starts with: the layout itself.
-constexpr long kPlotLayout = 5;
 
 // A drawing is known by its full file name or by its file name alone.
 bool namesDocument(const Document& document, const std::wstring& name)
@@ -26,6 +24,34 @@ std::shared_ptr<Document> openDocumentAt(const HostState& state, const std::wstr
         if (document && text::samePath(document->fullFileName, path))
             return document;
     return nullptr;
+}
+
+// A host without the variable checks the drawings it opens, as its default of 1 does.
+short drawingCheckInForce(const HostState& state)
+{
+    const auto variable = state.systemVariables.find(L"DWGCHECK");
+    return variable == state.systemVariables.end() ? 1 : variable->second;
+}
+
+// Why the host does not open a drawing on disk: it would stop to check it, or the password given is
+// not the drawing's; S_OK when it opens.
+HRESULT refusal(const HostState& state, const std::wstring& file, short drawingCheck, const std::wstring& password)
+{
+    const auto demands = state.drawingDemands.find(file);
+    if (demands == state.drawingDemands.end())
+        return S_OK;
+    if (demands->second.stopsForCheck && drawingCheck != 0)
+        return kOpenStoppedForCheck;
+    if (demands->second.password && *demands->second.password != password)
+        return kWrongPassword;
+    return S_OK;
+}
+
+std::wstring refusalReason(HRESULT refused, const std::wstring& file)
+{
+    if (refused == kOpenStoppedForCheck)
+        return L"the host stopped to check drawing '" + file + L"', as DWGCHECK is not 0";
+    return L"drawing '" + file + L"' needs another password";
 }
 
 class DocumentsObject final : public HostObject<HostDocuments> {
@@ -52,11 +78,13 @@ public:
         if (!findPosition(call, index, kDocumentPosition, documents, L"open drawing", namesDocument,
                           position))
             return call.status();
+        core().seats.remember(documents, position);
         return call.giveObject(document, [&] { return newDocument(sharedCore(), documents[position]); });
     }
 
-    // The drawing opened becomes the active one. A drawing that is already open is not opened a
-    // second time: it is made active and given back.
+    // The drawing opened becomes the active one, read-only when asked, and keeps the DWGCHECK value
+    // it was opened under. A drawing that is already open is not opened a second time: it is made
+    // active and given back.
     HRESULT STDMETHODCALLTYPE raw_Open(BSTR fileName, VARIANT readOnly, VARIANT password,
                                        HostDocument** document) override
     {
@@ -80,14 +108,18 @@ public:
             if (file == disk.end())
                 return call.fail(HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND),
                                  L"drawing '" + path + L"' was not found");
+            const short drawingCheck = drawingCheckInForce(state());
+            if (const HRESULT refused = refusal(state(), *file, drawingCheck, passwordGiven); FAILED(refused))
+                return call.fail(refused, refusalReason(refused, *file));
             if (call.givesNull())
                 return call.succeed();
             opened = std::make_shared<Document>();
             opened->fullFileName = *file;
-            opened->activeLayout = std::make_shared<Layout>();
-            opened->activeLayout->name = L"Layout1";
-            opened->activeLayout->plotType = kPlotLayout;
+            opened->readOnly = readOnlyWanted;
+            opened->drawingCheckWhenOpened = drawingCheck;
+            giveLayouts(*opened, {L"Layout1"});
             state().documents.push_back(opened);
+            core().seats.remember(state().documents, state().documents.size() - 1);
         }
         else if (call.givesNull()) {
             return call.succeed();
@@ -108,7 +140,7 @@ public:
     }
 
     std::string journalName() const override { return "HostDocument " + nameOf(*m_document); }
-    std::wstring goneReason() const override { return detail::goneReason(state(), *m_document); }
+    std::wstring goneReason() const override { return detail::goneReason(core(), *m_document); }
 
     HRESULT STDMETHODCALLTYPE get_FullFileName(BSTR* fullName) override
     {
@@ -147,7 +179,7 @@ public:
                 disk.push_back(target);
         }
         auto& documents = state().documents;
-        documents.erase(std::find(documents.begin(), documents.end(), m_document));
+        core().seats.remove(documents, m_document.get());
         if (state().activeDocument == m_document)
             state().activeDocument = documents.empty() ? nullptr : documents.back();
         return call.succeed();

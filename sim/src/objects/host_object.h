@@ -7,6 +7,7 @@
 #include "host_core.h"
 #include "objects/call.h"
 #include "objects/late_binding.h"
+#include "objects/release_record.h"
 #include "text.h"
 
 #include "host/object_model.h"
@@ -47,6 +48,7 @@ public:
 
     ULONG STDMETHODCALLTYPE Release() override
     {
+        journalRelease(*m_core, *this, interfaceName());
         --m_core->references;
         const ULONG left = --m_references;
         if (left == 0)

@@ -5,9 +5,18 @@
 #include "objects/objects.h"
 
 #include <algorithm>
+#include <unordered_set>
 
 namespace sim::detail {
 namespace {
+
+std::unordered_set<const PopupMenu*> menusOf(const MenuGroup& group)
+{
+    std::unordered_set<const PopupMenu*> menus;
+    for (const auto& menu : group.menus)
+        menus.insert(menu.get());
+    return menus;
+}
 
 class MenuGroupsObject final : public HostObject<HostMenuGroups> {
 public:
@@ -33,6 +42,7 @@ public:
         if (!findPosition(call, index, kMenuPosition, groups, L"menu group", namedBy(&MenuGroup::name),
                           position))
             return call.status();
+        core().seats.remember(groups, position);
         return call.giveObject(group, [&] { return newMenuGroup(sharedCore(), groups[position]); });
     }
 
@@ -64,6 +74,7 @@ public:
         if (call.givesNull())
             return call.succeed();  // the output was cleared: no group, and none loaded
         state().menuGroups.push_back(copyMenuGroup(*file->second));
+        core().seats.remember(state().menuGroups, state().menuGroups.size() - 1);
         return call.giveObject(group, [&] { return newMenuGroup(sharedCore(), state().menuGroups.back()); });
     }
 
@@ -79,7 +90,7 @@ public:
     }
 
     std::string journalName() const override { return "HostMenuGroup " + nameOf(*m_group); }
-    std::wstring goneReason() const override { return detail::goneReason(state(), *m_group); }
+    std::wstring goneReason() const override { return detail::goneReason(core(), *m_group); }
 
     HRESULT STDMETHODCALLTYPE get_Name(BSTR* name) override
     {
@@ -112,12 +123,11 @@ public:
         Call call = begin("HostMenuGroup.Unload");
         if (call.refused())
             return call.status();
+        const std::unordered_set<const PopupMenu*> menus = menusOf(*m_group);
         auto& bar = state().menuBar;
-        bar.erase(std::remove_if(bar.begin(), bar.end(),
-                                 [&](const auto& menu) { return contains(m_group->menus, menu.get()); }),
+        bar.erase(std::remove_if(bar.begin(), bar.end(), [&](const auto& menu) { return menus.count(menu.get()); }),
                   bar.end());
-        auto& groups = state().menuGroups;
-        groups.erase(std::remove(groups.begin(), groups.end(), m_group), groups.end());
+        core().seats.remove(state().menuGroups, m_group.get());
         return call.succeed();
     }
 

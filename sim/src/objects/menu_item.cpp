@@ -3,8 +3,6 @@
 #include "objects/host_object.h"
 #include "objects/objects.h"
 
-#include <algorithm>
-
 namespace sim::detail {
 namespace {
 
@@ -15,8 +13,8 @@ public:
     {
     }
 
-    std::string journalName() const override { return "HostPopupMenuItem " + nameOf(m_menu, *m_item); }
-    std::wstring goneReason() const override { return detail::goneReason(state(), m_menu, *m_item); }
+    std::string journalName() const override { return "HostPopupMenuItem " + nameOf(core(), m_menu, *m_item); }
+    std::wstring goneReason() const override { return detail::goneReason(core(), m_menu, *m_item); }
 
     HRESULT STDMETHODCALLTYPE get_Label(BSTR* label) override
     {
@@ -87,8 +85,7 @@ public:
         Call call = begin("HostPopupMenuItem.Delete");
         if (call.refused())
             return call.status();
-        auto& items = m_menu.menu->items;
-        items.erase(std::find(items.begin(), items.end(), m_item));
+        core().seats.remove(m_menu.menu->items, m_item.get());
         return call.succeed();
     }
 

@@ -25,10 +25,10 @@ MenuPlace MenuPlace::below(const std::shared_ptr<PopupMenuItem>& item) const
     return place;
 }
 
-MenuPlace placeOfTopMenu(const HostState& state, const std::shared_ptr<PopupMenu>& menu)
+MenuPlace placeOfTopMenu(HostCore& core, const std::shared_ptr<PopupMenu>& menu)
 {
-    for (const auto& group : state.menuGroups)
-        if (group && contains(group->menus, menu.get()))
+    for (const auto& group : core.state.menuGroups)
+        if (group && core.seats.contains(group->menus, menu.get()))
             return MenuPlace{group, menu, {}, menu};
     return MenuPlace{nullptr, menu, {}, menu};
 }
@@ -41,29 +41,29 @@ std::shared_ptr<MenuGroup> loadedGroupNamed(const HostState& state, const std::w
     return nullptr;
 }
 
-std::wstring goneReason(const HostState& state, const MenuGroup& group)
+std::wstring goneReason(HostCore& core, const MenuGroup& group)
 {
-    if (contains(state.menuGroups, &group))
+    if (core.seats.contains(core.state.menuGroups, &group))
         return {};
     return L"menu group " + quotedWide(group.name) + L" is unloaded";
 }
 
-std::wstring goneReason(const HostState& state, const MenuPlace& place)
+std::wstring goneReason(HostCore& core, const MenuPlace& place)
 {
     if (place.group) {
-        std::wstring reason = goneReason(state, *place.group);
+        std::wstring reason = goneReason(core, *place.group);
         if (!reason.empty())
             return reason;
-        if (!contains(place.group->menus, place.top.get()))
+        if (!core.seats.contains(place.group->menus, place.top.get()))
             return L"menu " + quotedWide(place.top->name) + L" was removed from menu group " +
                    quotedWide(place.group->name);
     }
-    else if (!contains(state.menuBar, place.top.get())) {
+    else if (!core.seats.contains(core.state.menuBar, place.top.get())) {
         return L"menu " + quotedWide(place.top->name) + L" is no longer on the menu bar";
     }
     const PopupMenu* menu = place.top.get();
     for (const auto& item : place.submenuItems) {
-        if (!contains(menu->items, item.get()))
+        if (!core.seats.contains(menu->items, item.get()))
             return L"submenu item " + quotedWide(item->label) + L" was deleted";
         menu = item->subMenu.get();
         if (menu == nullptr)
@@ -74,34 +74,34 @@ std::wstring goneReason(const HostState& state, const MenuPlace& place)
     return {};
 }
 
-std::wstring goneReason(const HostState& state, const MenuPlace& place, const PopupMenuItem& item)
+std::wstring goneReason(HostCore& core, const MenuPlace& place, const PopupMenuItem& item)
 {
-    std::wstring reason = goneReason(state, place);
-    if (reason.empty() && !contains(place.menu->items, &item))
+    std::wstring reason = goneReason(core, place);
+    if (reason.empty() && !core.seats.contains(place.menu->items, &item))
         reason = L"menu item " + quotedWide(item.label) + L" was deleted";
     return reason;
 }
 
-std::wstring goneReason(const HostState& state, const ToolbarPlace& place)
+std::wstring goneReason(HostCore& core, const ToolbarPlace& place)
 {
-    std::wstring reason = goneReason(state, *place.group);
-    if (reason.empty() && !contains(place.group->toolbars, place.toolbar.get()))
+    std::wstring reason = goneReason(core, *place.group);
+    if (reason.empty() && !core.seats.contains(place.group->toolbars, place.toolbar.get()))
         reason = L"toolbar " + quotedWide(place.toolbar->name) + L" was removed from menu group " +
                  quotedWide(place.group->name);
     return reason;
 }
 
-std::wstring goneReason(const HostState& state, const ToolbarPlace& place, const ToolbarButton& button)
+std::wstring goneReason(HostCore& core, const ToolbarPlace& place, const ToolbarButton& button)
 {
-    std::wstring reason = goneReason(state, place);
-    if (reason.empty() && !contains(place.toolbar->buttons, &button))
+    std::wstring reason = goneReason(core, place);
+    if (reason.empty() && !core.seats.contains(place.toolbar->buttons, &button))
         reason = L"toolbar button " + quotedWide(button.name) + L" was deleted";
     return reason;
 }
 
-std::wstring goneReason(const HostState& state, const Document& document)
+std::wstring goneReason(HostCore& core, const Document& document)
 {
-    if (contains(state.documents, &document))
+    if (core.seats.contains(core.state.documents, &document))
         return {};
     return L"drawing " + quotedWide(document.fullFileName) + L" is closed";
 }
@@ -117,9 +117,9 @@ std::string nameOf(const MenuPlace& place)
     return name;
 }
 
-std::string nameOf(const MenuPlace& place, const PopupMenuItem& item)
+std::string nameOf(HostCore& core, const MenuPlace& place, const PopupMenuItem& item)
 {
-    const long position = positionIn(place.menu->items, &item);
+    const long position = core.seats.find(place.menu->items, &item);
     return nameOf(place) + (position >= 0 ? "[" + std::to_string(position) + "]" : "[deleted]");
 }
 

@@ -3,6 +3,7 @@
 // group, a deleted item, a closed drawing) the place tells why, and the object fails its calls.
 #pragma once
 
+#include "host_core.h"
 #include "sim/model.h"
 
 #include <memory>
@@ -28,39 +29,26 @@ struct ToolbarPlace {
 };
 
 // A top-level menu as the menu bar gives it: placed in the loaded group that holds it, if any.
-MenuPlace placeOfTopMenu(const HostState& state, const std::shared_ptr<PopupMenu>& menu);
+MenuPlace placeOfTopMenu(HostCore& core, const std::shared_ptr<PopupMenu>& menu);
 
 // The loaded group of that name (letter case ignored), or null.
 std::shared_ptr<MenuGroup> loadedGroupNamed(const HostState& state, const std::wstring& name);
 
-// Why the node can no longer be used; empty while it is in the host.
-std::wstring goneReason(const HostState& state, const MenuGroup& group);
-std::wstring goneReason(const HostState& state, const MenuPlace& place);
-std::wstring goneReason(const HostState& state, const MenuPlace& place, const PopupMenuItem& item);
-std::wstring goneReason(const HostState& state, const ToolbarPlace& place);
-std::wstring goneReason(const HostState& state, const ToolbarPlace& place, const ToolbarButton& button);
-std::wstring goneReason(const HostState& state, const Document& document);
+// Why the node can no longer be used; empty while it is in the host. Each node is looked for where
+// it was last found (HostCore::seats), so that the check costs the same on any size of host.
+std::wstring goneReason(HostCore& core, const MenuGroup& group);
+std::wstring goneReason(HostCore& core, const MenuPlace& place);
+std::wstring goneReason(HostCore& core, const MenuPlace& place, const PopupMenuItem& item);
+std::wstring goneReason(HostCore& core, const ToolbarPlace& place);
+std::wstring goneReason(HostCore& core, const ToolbarPlace& place, const ToolbarButton& button);
+std::wstring goneReason(HostCore& core, const Document& document);
 
 // Journal names, without the interface: "'MX'", "'MX'/'PM_0001'", "'MX'/'PM_0001'[3]".
 std::string nameOf(const MenuGroup& group);
 std::string nameOf(const MenuPlace& place);
-std::string nameOf(const MenuPlace& place, const PopupMenuItem& item);
+std::string nameOf(HostCore& core, const MenuPlace& place, const PopupMenuItem& item);
 std::string nameOf(const ToolbarPlace& place);
 std::string nameOf(const ToolbarPlace& place, const ToolbarButton& button);
 std::string nameOf(const Document& document);
-
-// Whether a node is in a collection (by identity), and where.
-template <class Node> long positionIn(const std::vector<std::shared_ptr<Node>>& nodes, const Node* node)
-{
-    for (size_t i = 0; i < nodes.size(); ++i)
-        if (nodes[i].get() == node)
-            return static_cast<long>(i);
-    return -1;
-}
-
-template <class Node> bool contains(const std::vector<std::shared_ptr<Node>>& nodes, const Node* node)
-{
-    return positionIn(nodes, node) >= 0;
-}
 
 }  // namespace sim::detail

@@ -22,7 +22,7 @@ public:
     {
         return "HostLayout " + nameOf(*m_document) + "/'" + text::toUtf8(m_layout->name) + "'";
     }
-    std::wstring goneReason() const override { return detail::goneReason(state(), *m_document); }
+    std::wstring goneReason() const override { return detail::goneReason(core(), *m_document); }
 
     HRESULT STDMETHODCALLTYPE get_Name(BSTR* name) override
     {
@@ -81,7 +81,7 @@ public:
     }
 
     std::string journalName() const override { return "HostPlot " + nameOf(*m_document); }
-    std::wstring goneReason() const override { return detail::goneReason(state(), *m_document); }
+    std::wstring goneReason() const override { return detail::goneReason(core(), *m_document); }
 
     HRESULT STDMETHODCALLTYPE put_NumberOfCopies(LONG copies) override
     {

@@ -3,8 +3,6 @@
 #include "objects/host_object.h"
 #include "objects/objects.h"
 
-#include <algorithm>
-
 namespace sim::detail {
 namespace {
 
@@ -13,7 +11,7 @@ public:
     PopupMenuObject(const CorePtr& core, MenuPlace place) : HostObject(core), m_place(std::move(place)) {}
 
     std::string journalName() const override { return "HostPopupMenu " + nameOf(m_place); }
-    std::wstring goneReason() const override { return detail::goneReason(state(), m_place); }
+    std::wstring goneReason() const override { return detail::goneReason(core(), m_place); }
 
     HRESULT STDMETHODCALLTYPE get_Name(BSTR* name) override
     {
@@ -71,6 +69,7 @@ public:
         if (!findPosition(call, index, kMenuPosition, items, L"menu item", namedBy(&PopupMenuItem::label),
                           position))
             return call.status();
+        core().seats.remember(items, position);
         return call.giveObject(item,
                                [&] { return newPopupMenuItem(sharedCore(), m_place, items[position]); });
     }
@@ -135,6 +134,7 @@ public:
                            L"menu to the menu bar", at))
             return call.status();
         bar.insert(bar.begin() + static_cast<std::ptrdiff_t>(at), m_place.menu);
+        core().seats.remember(bar, at);
         return call.succeed();
     }
 
@@ -145,8 +145,7 @@ public:
             return call.status();
         if (!isOnMenuBar())
             return call.fail(E_FAIL, L"menu '" + m_place.menu->name + L"' is not on the menu bar");
-        auto& bar = state().menuBar;
-        bar.erase(std::find(bar.begin(), bar.end(), m_place.menu));
+        core().seats.remove(state().menuBar, m_place.menu.get());
         return call.succeed();
     }
 
@@ -156,7 +155,7 @@ protected:
 private:
     bool isOnMenuBar() const
     {
-        return m_place.submenuItems.empty() && contains(state().menuBar, m_place.menu.get());
+        return m_place.submenuItems.empty() && core().seats.contains(state().menuBar, m_place.menu.get());
     }
 
     // Inserts before the item now at the index (the count appends) and gives the new object.
@@ -172,6 +171,7 @@ private:
         if (call.givesNull())
             return call.succeed();
         items.insert(items.begin() + static_cast<std::ptrdiff_t>(at), added);
+        core().seats.remember(items, at);
         return call.giveObject(output, make);
     }
 

@@ -14,7 +14,7 @@ public:
     }
 
     std::string journalName() const override { return "HostPopupMenus " + nameOf(*m_group); }
-    std::wstring goneReason() const override { return detail::goneReason(state(), *m_group); }
+    std::wstring goneReason() const override { return detail::goneReason(core(), *m_group); }
 
     HRESULT STDMETHODCALLTYPE get_Count(LONG* count) override
     {
@@ -33,6 +33,7 @@ public:
         if (!findPosition(call, index, kMenuPosition, m_group->menus, L"menu", namedBy(&PopupMenu::name),
                           position))
             return call.status();
+        core().seats.remember(m_group->menus, position);
         const auto& found = m_group->menus[position];
         return call.giveObject(menu, [&] {
             return newPopupMenu(sharedCore(), MenuPlace{m_group, found, {}, found});
@@ -52,6 +53,7 @@ public:
         auto added = std::make_shared<PopupMenu>();
         added->name = text::fromBstr(name);
         m_group->menus.push_back(added);
+        core().seats.remember(m_group->menus, m_group->menus.size() - 1);
         return call.giveObject(menu, [&] {
             return newPopupMenu(sharedCore(), MenuPlace{m_group, added, {}, added});
         });
@@ -87,9 +89,10 @@ public:
         if (!findPosition(call, index, kMenuPosition, state().menuBar, L"menu on the menu bar",
                           namedBy(&PopupMenu::name), position))
             return call.status();
+        core().seats.remember(state().menuBar, position);
         const auto& found = state().menuBar[position];
         return call.giveObject(menu, [&] {
-            return found ? newPopupMenu(sharedCore(), placeOfTopMenu(state(), found)) : nullptr;
+            return found ? newPopupMenu(sharedCore(), placeOfTopMenu(core(), found)) : nullptr;
         });
     }
 

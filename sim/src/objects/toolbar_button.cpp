@@ -15,7 +15,7 @@ public:
     }
 
     std::string journalName() const override { return "HostToolbarItem " + nameOf(m_toolbar, *m_button); }
-    std::wstring goneReason() const override { return detail::goneReason(state(), m_toolbar, *m_button); }
+    std::wstring goneReason() const override { return detail::goneReason(core(), m_toolbar, *m_button); }
 
     HRESULT STDMETHODCALLTYPE get_Name(BSTR* name) override
     {
@@ -48,7 +48,7 @@ public:
         if (call.refused() || !call.accepts(index))
             return call.status();
         return call.giveValue(index,
-                              static_cast<LONG>(positionIn(m_toolbar.toolbar->buttons, m_button.get())));
+                              static_cast<LONG>(core().seats.find(m_toolbar.toolbar->buttons, m_button.get())));
     }
 
     HRESULT STDMETHODCALLTYPE raw_SetBitmaps(BSTR smallBitmap, BSTR largeBitmap) override
@@ -94,8 +94,7 @@ public:
         Call call = begin("HostToolbarItem.Delete");
         if (call.refused())
             return call.status();
-        auto& buttons = m_toolbar.toolbar->buttons;
-        buttons.erase(std::find(buttons.begin(), buttons.end(), m_button));
+        core().seats.remove(m_toolbar.toolbar->buttons, m_button.get());
         return call.succeed();
     }
 

@@ -14,7 +14,7 @@ public:
     }
 
     std::string journalName() const override { return "HostToolbars " + nameOf(*m_group); }
-    std::wstring goneReason() const override { return detail::goneReason(state(), *m_group); }
+    std::wstring goneReason() const override { return detail::goneReason(core(), *m_group); }
 
     HRESULT STDMETHODCALLTYPE get_Count(LONG* count) override
     {
@@ -34,6 +34,7 @@ public:
         if (!findPosition(call, index, kToolbarPosition, toolbars, L"toolbar", namedBy(&Toolbar::name),
                           position))
             return call.status();
+        core().seats.remember(toolbars, position);
         return call.giveObject(toolbar, [&] {
             return newToolbar(sharedCore(), ToolbarPlace{m_group, toolbars[position]});
         });
@@ -51,7 +52,7 @@ public:
     ToolbarObject(const CorePtr& core, ToolbarPlace place) : HostObject(core), m_place(std::move(place)) {}
 
     std::string journalName() const override { return "HostToolbar " + nameOf(m_place); }
-    std::wstring goneReason() const override { return detail::goneReason(state(), m_place); }
+    std::wstring goneReason() const override { return detail::goneReason(core(), m_place); }
 
     HRESULT STDMETHODCALLTYPE get_Name(BSTR* name) override
     {
@@ -149,6 +150,7 @@ public:
         if (!findPosition(call, index, kToolbarPosition, buttons, L"toolbar button",
                           namedBy(&ToolbarButton::name), position))
             return call.status();
+        core().seats.remember(buttons, position);
         return call.giveObject(button,
                                [&] { return newToolbarItem(sharedCore(), m_place, buttons[position]); });
     }
@@ -174,6 +176,7 @@ public:
         added->helpString = text::fromBstr(helpString);
         added->macro = text::fromBstr(macro);
         buttons.insert(buttons.begin() + static_cast<std::ptrdiff_t>(at), added);
+        core().seats.remember(buttons, at);
         return call.giveObject(button, [&] { return newToolbarItem(sharedCore(), m_place, added); });
     }
 
