@@ -1,6 +1,6 @@
 # Runs zorbsim once and checks what a user would see: the exit code, and patterns in stdout and
 # stderr. With ABSENT_FILE, that file must not exist afterwards (nothing half written).
-#   cmake -DZORBSIM=... "-DARGS=run|a.json" -DEXIT=2 [-DSTDOUT=regex] [-DSTDERR=regex]
+#   cmake -DZORBSIM=... "-DARGS=run|a.json" -DEXIT=2 [-DEMULATOR=...] [-DSTDOUT=regex] [-DSTDERR=regex]
 #         [-DABSENT_FILE=path] [-DWRITTEN_FILE=path -DWRITTEN=regex] [-DNO_PARTIAL_IN=folder]
 #         -P check_zorbsim.cmake
 # With NO_PARTIAL_IN, no temporary dump file may be left in that folder.
@@ -14,8 +14,12 @@ if(DEFINED WRITTEN_FILE)
   file(REMOVE "${WRITTEN_FILE}")
 endif()
 
-execute_process(COMMAND "${ZORBSIM}" ${ARGS}
+# EMULATOR: the windows build's (Wine), empty in the Linux build. A Windows program ends its lines
+# with CR LF; the patterns are written for LF.
+execute_process(COMMAND ${EMULATOR} "${ZORBSIM}" ${ARGS}
   RESULT_VARIABLE exit_code OUTPUT_VARIABLE out ERROR_VARIABLE err)
+string(REPLACE "\r\n" "\n" out "${out}")
+string(REPLACE "\r\n" "\n" err "${err}")
 message("${out}")
 message("${err}")
 
