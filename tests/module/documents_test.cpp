@@ -65,8 +65,18 @@ TEST_F(Documents, AnOpenDrawingIsFoundIgnoringCaseAndNotOpenedAgain)
     std::wstring upper = kOpen;
     for (auto& c : upper)
         c = static_cast<wchar_t>(std::towupper(c));
+    // A second drawing whose name differs only in case, active now: the first in the host's order
+    // is the one found and activated.
+    std::wstring lower = kOpen;
+    for (auto& c : lower)
+        c = static_cast<wchar_t>(std::towlower(c));
+    auto twin = std::make_shared<sim::Document>();
+    twin->fullFileName = lower;
+    state().documents.push_back(twin);
+    state().activeDocument = twin;
     EXPECT_TRUE(ZORBAppUtilities::openAndActivateDocument(MxtString(upper.c_str()), true));
-    EXPECT_THAT(openNames(), ElementsAre(kOpen));
+    EXPECT_THAT(openNames(), ElementsAre(kOpen, lower));
+    EXPECT_EQ(state().activeDocument, state().documents[0]);
     EXPECT_TRUE(drawingCheckWrites().empty());
     EXPECT_EQ(hostCalls().back(), "HostDocument.Activate");
     EXPECT_EQ(typedHostCalls()[4], "HostDocuments.Item(VT_INT)");
@@ -107,6 +117,7 @@ TEST_F(Documents, APlotWindowGoesToTheActiveLayoutInTheParameterOrderGiven)
     EXPECT_TRUE(ZORBAppUtilities::plotLayout(MxtString(L"DWG To PDF.pc3"), MxtString(L"Layout2"),
                                              ZbDbPlotSettings::kWindow, 0, 10, 0, 5, message));
     EXPECT_EQ(text(message), L"untouched");
+    EXPECT_TRUE(state().activeDocument->plot.quietErrorMode);
     ASSERT_EQ(state().plotJobs.size(), 1u);
     const sim::PlotJob& job = state().plotJobs[0];
     EXPECT_EQ(job.device, std::wstring(L"DWG To PDF.pc3"));

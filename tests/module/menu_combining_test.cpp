@@ -7,6 +7,7 @@
 
 using namespace module_testing;
 using ::testing::ElementsAre;
+using ::testing::ElementsAreArray;
 
 namespace {
 
@@ -107,4 +108,29 @@ TEST_F(MenuCombining, AFailureIsSwallowedAndWhatWasDoneStays)
     EXPECT_THAT(entriesOf(*combined()), ElementsAre(L"MX Object Snap>", L"MX &Tools>"));
     EXPECT_TRUE(combined()->items[0]->subMenu->items.empty());
     EXPECT_EQ(combined()->items[1]->subMenu->items.size(), tools->menus[0]->items.size());
+}
+
+// A source item, or an item's submenu, that the host withholds ends that source's copy there: the
+// rest of it is not copied, and the source stays on the menu bar.
+TEST_F(MenuCombining, AWithheldItemOrSubmenuEndsTheCopyAndTheSourceStaysOnTheBar)
+{
+    struct Row {
+        const char* withheld;
+        int nth;
+        std::vector<std::wstring> copied;
+    };
+    for (const Row& row : {Row{"HostPopupMenu.Item", 2, {L"A"}}, Row{"HostPopupMenuItem.get_SubMenu", 1, {L"A", L"B"}}}) {
+        SCOPED_TRACE(row.withheld);
+        mx->menus[0] = menuOf(L"Source", {item(sim::ItemType::command, L"A"), item(sim::ItemType::command, L"B"),
+                                          item(sim::ItemType::submenu, L"Deeper",
+                                               menuOf(L"Deeper", {item(sim::ItemType::command, L"C")})),
+                                          item(sim::ItemType::command, L"D")});
+        state().menuBar = {mx->menus[0]};
+        host().clearFaults();
+        armFault(withheldObject(row.withheld, row.nth));
+        ZORBAppUtilities::combineMenusOnMenuBar(MxtString(L"Combined"), mxtStrings({L"MX"}), 0);
+        ASSERT_EQ(combined()->items.size(), 1u);
+        EXPECT_THAT(entriesOf(*combined()->items[0]->subMenu), ElementsAreArray(row.copied));
+        EXPECT_EQ(std::count(state().menuBar.begin(), state().menuBar.end(), mx->menus[0]), 1);
+    }
 }
