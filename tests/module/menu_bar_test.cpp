@@ -37,6 +37,8 @@ protected:
 
 TEST_F(MenuBar, AddingPutsTheGroupsFirstMenuWithItsNewItemsOnTheBarAtThePosition)
 {
+    // On a host that adds items disabled, the items are enabled all the same.
+    state().behaviour.newMenuItemsEnabled = false;
     const size_t before = state().menuBar.size();
     ZORBAppUtilities::addMenuToMenuBar(
         MxtString(L"mx"), items({{0, L"&Beam Tools", L"^C^C_MXBT"}, {2, L"&Grid", L"^C^C_MXGRID"}}), 1);
@@ -44,6 +46,7 @@ TEST_F(MenuBar, AddingPutsTheGroupsFirstMenuWithItsNewItemsOnTheBarAtThePosition
     EXPECT_EQ(state().menuBar[1], firstMenu);
     EXPECT_EQ(firstMenu->items[0]->label, L"&Beam Tools");
     EXPECT_EQ(firstMenu->items[2]->macro, L"^C^C_MXGRID");
+    EXPECT_TRUE(firstMenu->items[0]->enabled);
     EXPECT_TRUE(firstMenu->items[2]->enabled);
     const std::vector<std::string> calls = typedHostCalls();
     EXPECT_THAT(std::vector<std::string>(calls.end() - 6, calls.end()),

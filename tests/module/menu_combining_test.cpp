@@ -77,10 +77,13 @@ TEST_F(MenuCombining, SeparatorsGoToOneIndexAndNestedSubmenusAreCopied)
                                       item(sim::ItemType::submenu, L"Deeper",
                                            menuOf(L"Deeper", {item(sim::ItemType::command, L"C")})),
                                       item(sim::ItemType::separator, L"")});
+    // Copies are left enabled or not as the host makes them.
+    state().behaviour.newMenuItemsEnabled = false;
     ZORBAppUtilities::combineMenusOnMenuBar(MxtString(L"Combined"), mxtStrings({L"MX"}), 0);
     const auto copy = combined()->items[0]->subMenu;
     ASSERT_NE(copy, nullptr);
     EXPECT_THAT(entriesOf(*copy), ElementsAre(L"---", L"---", L"A", L"B", L"Deeper>"));
+    EXPECT_FALSE(copy->items[2]->enabled);
     EXPECT_THAT(entriesOf(*copy->items[4]->subMenu), ElementsAre(L"C"));
 }
 

@@ -69,7 +69,7 @@ static_assert(memberCount<sim::Document>() == 3);
 static_assert(memberCount<sim::PlotJob>() == 6);
 static_assert(memberCount<sim::ZoomRequest>() == 4);
 static_assert(memberCount<sim::PreferencesFiles>() == 4);
-static_assert(memberCount<sim::HostBehaviour>() == 2);
+static_assert(memberCount<sim::HostBehaviour>() == 3);
 static_assert(memberCount<sim::HostState>() == 17);
 static_assert(memberCount<sim::Answer>() == 2);
 static_assert(memberCount<sim::Fault>() == 7);
@@ -129,7 +129,7 @@ sim::HostState everyMemberSet()
     const auto roof = node(sim::Document{L"C:\\Projects\\Hall\\roof.dwg", nullptr, sim::PlotSettings{}});
 
     sim::HostState state;
-    state.behaviour = sim::HostBehaviour{true, sim::BeyondEnd::append};
+    state.behaviour = sim::HostBehaviour{true, sim::BeyondEnd::append, false};
     state.menuGroups = {mx, extrasGroup()};
     const auto window =
         menu(L"&Window", L"ZB_WINDOW", {item(ItemType::command, L"&Tile", L"_TILE ", L"ID_Tile", true)});
@@ -191,6 +191,7 @@ const std::vector<Mutation> kMutations = {
     {"behaviour.strictArguments", [](sim::HostState& s) { s.behaviour.strictArguments = false; }},
     {"behaviour.menuIndexBeyondEnd",
      [](sim::HostState& s) { s.behaviour.menuIndexBeyondEnd = sim::BeyondEnd::refuse; }},
+    {"behaviour.newMenuItemsEnabled", [](sim::HostState& s) { s.behaviour.newMenuItemsEnabled = true; }},
     {"menuGroups", [](sim::HostState& s) { s.menuGroups.pop_back(); }},
     {"MenuGroup.name", [](sim::HostState& s) { mx(s).name = L"MX2"; }},
     {"MenuGroup.menus", [](sim::HostState& s) { mx(s).menus.pop_back(); }},
