@@ -409,7 +409,8 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--build", default=str(ROOT / "build" / "mutate"), help="the build folder of the runs")
     parser.add_argument("--files", nargs="*", default=[], help="files below QRNExternalUtilities/ (default: all)")
-    parser.add_argument("--minutes", type=float, default=0, help="start no defect after this many minutes")
+    parser.add_argument("--minutes", type=float, default=0,
+                        help="start no defect after this many minutes from the first one")
     parser.add_argument("--lock", default=os.environ.get("MUTATE_LOCK", ""),
                         help="a file to hold (flock) while building and testing")
     parser.add_argument("--jobs", type=int, default=min(os.cpu_count() or 2, 2))
@@ -432,7 +433,6 @@ def main():
     folder.mkdir(parents=True, exist_ok=True)
     results_path = folder / "results.json"
     results = json.loads(results_path.read_text()) if results_path.is_file() else {}
-    started = time.monotonic()
     log = open(folder / "last-run.log", "w")
     workspace = Workspace(folder, args.jobs, log)
 
@@ -447,6 +447,7 @@ def main():
         if status != 0 or suite_status != 0:
             sys.exit(f"the unseeded suite fails; see {folder / 'last-run.log'}")
     workspace.set_time_limits(module_seconds, suite_seconds)
+    started = time.monotonic()  # --minutes counts the defects' time, not the set-up's or the lock's
     print(f"baseline: module_tests {module_seconds:.0f} s, whole suite {suite_seconds:.0f} s", flush=True)
 
     stopped_early = False
