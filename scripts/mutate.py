@@ -17,8 +17,8 @@ Results are kept per defect in the build folder, keyed by the file's content, so
 
   scripts/mutate.py                              every defect of every file
   scripts/mutate.py --files menus/snap_menu.cpp  only these files (paths below QRNExternalUtilities/)
-  scripts/mutate.py --minutes 10 --lock FILE     start no defect after ten minutes; hold FILE (flock)
-                                                 while building and testing each one
+  scripts/mutate.py --minutes 10 --lock FILE     a piece: hold FILE (flock) while it runs, and start no
+                                                 defect after ten minutes; the next run goes on
   scripts/mutate.py --list                       the defects, without building anything
 """
 
@@ -410,7 +410,7 @@ def main():
     parser.add_argument("--build", default=str(ROOT / "build" / "mutate"), help="the build folder of the runs")
     parser.add_argument("--files", nargs="*", default=[], help="files below QRNExternalUtilities/ (default: all)")
     parser.add_argument("--minutes", type=float, default=0,
-                        help="start no defect after this many minutes from the first one")
+                        help="start no defect after this many minutes from taking the lock (or the start)")
     parser.add_argument("--lock", default=os.environ.get("MUTATE_LOCK", ""),
                         help="a file to hold (flock) while building and testing")
     parser.add_argument("--jobs", type=int, default=min(os.cpu_count() or 2, 2))
@@ -439,39 +439,39 @@ def main():
     def save():
         results_path.write_text(json.dumps(results, indent=1, sort_keys=True))
 
+    # One hold of the lock for the whole piece: set-up, the unseeded run and the defects until
+    # --minutes have passed since it was taken.
+    stopped_early = False
     with held(args.lock):
+        started = time.monotonic()
         if not workspace.configure() or not workspace.build_all():
             sys.exit(f"the unseeded build failed; see {folder / 'last-run.log'}")
         status, module_seconds = workspace.module_tests()
         suite_status, suite_seconds = workspace.whole_suite() if status == 0 else (status, 0)
         if status != 0 or suite_status != 0:
             sys.exit(f"the unseeded suite fails; see {folder / 'last-run.log'}")
-    workspace.set_time_limits(module_seconds, suite_seconds)
-    started = time.monotonic()  # --minutes counts the defects' time, not the set-up's or the lock's
-    print(f"baseline: module_tests {module_seconds:.0f} s, whole suite {suite_seconds:.0f} s", flush=True)
-
-    stopped_early = False
-    for relative, defects in files:
-        source = workspace.source / MODULE / relative
-        original = source.read_text()
-        for key, defect in defects:
-            if key in results:
-                continue
-            if args.minutes and time.monotonic() - started > args.minutes * 60:
-                stopped_early = True
-                break
-            with held(args.lock):
-                begun = time.monotonic()  # the time of the defect itself, not of the wait for the lock
+        workspace.set_time_limits(module_seconds, suite_seconds)
+        print(f"baseline: module_tests {module_seconds:.0f} s, whole suite {suite_seconds:.0f} s", flush=True)
+        for relative, defects in files:
+            source = workspace.source / MODULE / relative
+            original = source.read_text()
+            for key, defect in defects:
+                if key in results:
+                    continue
+                if args.minutes and time.monotonic() - started > args.minutes * 60:
+                    stopped_early = True
+                    break
+                begun = time.monotonic()
                 outcome, stage = test_defect(workspace, relative, original, defect)
                 taken = time.monotonic() - begun
-            results[key] = {"outcome": outcome, "stage": stage, "seconds": round(taken, 1)}
-            save()
-            print(f"{outcome:16} {MODULE}/{relative}:{defect['line']} {defect['change']} ({taken:.0f} s)", flush=True)
-        if stopped_early:
-            break
-        # Rebuilt unseeded, so that the next file starts from the module as it is.
-        with held(args.lock):
+                results[key] = {"outcome": outcome, "stage": stage, "seconds": round(taken, 1)}
+                save()
+                print(f"{outcome:16} {MODULE}/{relative}:{defect['line']} {defect['change']} ({taken:.0f} s)",
+                      flush=True)
+            # Rebuilt unseeded, so that the next file and the next run start from the module as it is.
             workspace.build_module()
+            if stopped_early:
+                break
 
     equivalents = load_equivalents()
     elapsed = sum(results[k]["seconds"] for _, defects in files for k, _ in defects if k in results)
