@@ -13,7 +13,8 @@ The suite runs in two stages so that most defects cost seconds: the module's own
 --stop-on-failure (the browser test and the benchmarks are not built here).
 
 Results are kept per defect in the build folder, keyed by the file's content, so a run stopped by
---minutes goes on where it stopped, and a changed file has its defects seeded again.
+--minutes goes on where it stopped, and a changed file has its defects seeded again. Survivors are
+tried again on every run, since the tests may have changed.
 
   scripts/mutate.py                              every defect of every file
   scripts/mutate.py --files menus/snap_menu.cpp  only these files (paths below QRNExternalUtilities/)
@@ -456,7 +457,8 @@ def main():
             source = workspace.source / MODULE / relative
             original = source.read_text()
             for key, defect in defects:
-                if key in results:
+                # A survivor is tried again: the tests may have changed since.
+                if key in results and results[key]["outcome"] != "survived":
                     continue
                 if args.minutes and time.monotonic() - started > args.minutes * 60:
                     stopped_early = True

@@ -95,6 +95,13 @@ TEST_F(MenuCombining, TwoCallsAddTwoMenusAndNoSourceNamesGiveAnEmptyMenu)
     ASSERT_EQ(state().menuGroups[0]->menus.size(), zorbMenus + 2);
     EXPECT_TRUE(combined()->items.empty());
     EXPECT_EQ(state().menuBar[0], combined());
+
+    // A name that matches no group leaves no trace: the new menu is not even asked its count.
+    host().journal().clear();
+    ZORBAppUtilities::combineMenusOnMenuBar(MxtString(L"Empty"), mxtStrings({L"NOPE"}), 0);
+    EXPECT_TRUE(combined()->items.empty());
+    const std::vector<std::string> calls = hostCalls();
+    EXPECT_EQ(std::count(calls.begin(), calls.end(), "HostPopupMenu.get_Count"), 0);
 }
 
 TEST_F(MenuCombining, AFailureIsSwallowedAndWhatWasDoneStays)
@@ -114,9 +121,11 @@ TEST_F(MenuCombining, AFailureIsSwallowedAndWhatWasDoneStays)
 }
 
 // A source item, or an item's submenu, that the host withholds ends that source's copy there: the
-// rest of it is not copied, and the source stays on the menu bar.
+// rest of it is not copied, and the source stays on the menu bar. (The host appends items beyond
+// the end, so that a copy going on would show.)
 TEST_F(MenuCombining, AWithheldItemOrSubmenuEndsTheCopyAndTheSourceStaysOnTheBar)
 {
+    state().behaviour.menuIndexBeyondEnd = sim::BeyondEnd::append;
     struct Row {
         const char* withheld;
         int nth;
