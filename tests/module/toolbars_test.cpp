@@ -254,3 +254,21 @@ TEST_F(Toolbars, AReplacementIsSafeToCallAgainAndLeavesNoUntaggedButton)
     EXPECT_EQ(failureOf([&] { replacePlate(L"ID_MX_PLATE2"); }).Error(), kInjectedStatus);
     EXPECT_EQ(toolbar(0).buttons, original);
 }
+
+#if AUTOMATION_HAS_TEST_HOOKS
+// Group and toolbar positions are each copied for the call, and a copy that fails raises its status
+// before the host is asked for the item: with the groups ZORB and MX, the first copy is the first
+// group's position and the third the first toolbar's.
+TEST_F(Toolbars, EachPositionIsCopiedForTheCallAndAFailedCopyRaises)
+{
+    for (const unsigned long nth : {1ul, 3ul}) {
+        host().journal().clear();
+        automation_testing::failVariantCopy(nth, kInjectedStatus);
+        const HRESULT status =
+            failureOf([] { ZORBAppUtilities::isToolbarVisible(MxtString(L"MX"), MxtString(L"TB_MX_MAIN")); }).Error();
+        automation_testing::failVariantCopy(0, S_OK);
+        EXPECT_EQ(status, kInjectedStatus);
+        EXPECT_EQ(hostCalls().back(), nth == 1 ? "HostMenuGroups.get_Count" : "HostToolbars.get_Count");
+    }
+}
+#endif
