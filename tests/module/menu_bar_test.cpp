@@ -125,3 +125,16 @@ TEST_F(MenuBar, MenusAreCountedAndFoundByTheirUpperCasedTag)
     EXPECT_FALSE(ZORBAppUtilities::isMenuLoadedOnMenuBar(MxtString(L"")));
 }
 
+
+#if AUTOMATION_HAS_TEST_HOOKS
+// The menu bar's positions are passed as made, not copied: a variant copy that would fail is never
+// reached.
+TEST_F(MenuBar, TheMenuBarsPositionsAreNotCopied)
+{
+    state().menuBar.push_back(mx->menus[1]);  // tagged PM_MX_MAIN
+    automation_testing::failVariantCopy(1, kInjectedStatus);
+    const bool found = ZORBAppUtilities::isMenuLoadedOnMenuBar(MxtString(L"MX_MAIN"));
+    automation_testing::failVariantCopy(0, S_OK);
+    EXPECT_TRUE(found);
+}
+#endif

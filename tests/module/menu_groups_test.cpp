@@ -47,6 +47,11 @@ TEST_F(MenuGroups, APositionTheHostRefusesIsSkippedAndANullNameIsEmpty)
     host().clearFaults();
     armFault(answering("HostMenuGroup.get_Name", nullAnswer()));
     EXPECT_TRUE(ZORBAppUtilities::isMenuLoaded(MxtString(L"")));
+
+    // A position left empty is kept in the copy: a group found before it is found all the same.
+    host().clearFaults();
+    armFault(withheldObject("HostMenuGroups.Item", 2));
+    EXPECT_TRUE(ZORBAppUtilities::isMenuLoaded(MxtString(L"ZORB")));
 }
 
 TEST_F(MenuGroups, LoadingLoadsEachFileWhoseGroupIsNotLoadedAndPassesOverFailures)

@@ -127,6 +127,11 @@ TEST_F(Toolbars, ToolbarsAreKnownByTagAndOnlyExactYesNoValuesCount)
 
 TEST_F(Toolbars, OfTwoGroupsWhoseNamesDifferInCaseTheFirstIsUsed)
 {
+    // A group position the host leaves empty is passed over.
+    armFault(withheldObject("HostMenuGroups.Item", 1));
+    EXPECT_TRUE(ZORBAppUtilities::isToolbarVisible(MxtString(L"MX"), MxtString(L"TB_MX_MAIN")));
+    host().clearFaults();
+
     auto twin = loadGroup(kMXToolsMenuFile);
     twin->name = L"mx";
     twin->toolbars[0]->tag = L"TB_MX_MAIN";
