@@ -440,6 +440,7 @@ def main():
     def save():
         results_path.write_text(json.dumps(results, indent=1, sort_keys=True))
 
+    equivalents = load_equivalents()
     # One hold of the lock for the whole piece: set-up, the unseeded run and the defects until
     # --minutes have passed since it was taken.
     stopped_early = False
@@ -457,8 +458,9 @@ def main():
             source = workspace.source / MODULE / relative
             original = source.read_text()
             for key, defect in defects:
-                # A survivor is tried again: the tests may have changed since.
-                if key in results and results[key]["outcome"] != "survived":
+                # A survivor is tried again, the tests may have changed since, unless it is equivalent.
+                if key in results and (results[key]["outcome"] != "survived"
+                                       or equivalent_reason(equivalents, relative, defect) is not None):
                     continue
                 if args.minutes and time.monotonic() - started > args.minutes * 60:
                     stopped_early = True
@@ -475,7 +477,6 @@ def main():
             if stopped_early:
                 break
 
-    equivalents = load_equivalents()
     elapsed = sum(results[k]["seconds"] for _, defects in files for k, _ in defects if k in results)
     complete = all(k in results for _, defects in files for k, _ in defects)
     counts, sites = write_report(folder / "report.md", files, results, equivalents, elapsed, complete)
