@@ -190,7 +190,7 @@ def defects_of(path, text):
         # a default, or a literal that the boolean kind changes, is left).
         for match in RETURN_VALUE.finditer(line):
             value = lines[n][match.start(1):match.end(1)]
-            if re.fullmatch(r"\s*([\w:]+\(\)|true|false|nullptr|0)\s*", value):
+            if re.fullmatch(r"\s*([\w:]+\(\)|true|false|nullptr|0|std::nullopt)\s*", value):
                 continue
             new = lines[n][:match.start(1)] + "{}" + lines[n][match.end(1):]
             seed("returned value", n, n, [new], f"`return {value.strip()}` -> `return {{}}`", match.start() + 1)
