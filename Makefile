@@ -1,9 +1,10 @@
 # Quick start: `make demo` runs the simulator's demo, `make test` runs the test suites of the linux,
 # windows and linux-sanitize builds, `make fuzz` runs every fuzz target for FUZZ_SECONDS each,
 # `make bench` runs the benchmarks of the module and zorbsim and writes docs/performance.md,
-# `make screenshot` renews docs/view.png from the browser test of zorbsim's pages.
+# `make screenshot` renews docs/view.png from the browser test of zorbsim's pages, `make mutate` seeds
+# defects into the module one at a time and reports those the linux suite lets live.
 .PHONY: demo test deps build-linux build-windows build-sanitize test-linux test-windows test-sanitize fuzz \
-	valgrind bench screenshot wine-prefix clean
+	valgrind bench screenshot mutate wine-prefix clean
 
 JOBS ?= $(shell nproc)
 FUZZ_SECONDS ?= 60
@@ -86,6 +87,13 @@ bench: deps
 screenshot: build-linux
 	ctest --preset linux -R '^zorbsim.pages_in_browser$$'
 	cp build/linux/tests/zorbsim/view.png docs/view.png
+
+# Seeded-defect testing (scripts/mutate.py, docs/mutation-testing.md): not part of `test`, since
+# every defect costs a build. It works in build/mutate on a copy of the sources, goes on where an
+# earlier run stopped, and writes build/mutate/report.md. MUTATE_ARGS passes options:
+#   make mutate MUTATE_ARGS="--files menus/snap_menu.cpp --minutes 10 --lock /path/to/lockfile"
+mutate: deps
+	./scripts/mutate.py $(MUTATE_ARGS)
 
 clean:
 	rm -rf build

@@ -141,8 +141,10 @@ public:
     // them leaves the host's default image: that step catches everything), its flyout attached to
     // the group's toolbar `flyoutToolbarName` unless that is empty; the old button is deleted
     // last. Nothing changes when the group, toolbar or button is missing or the host gives no new
-    // button. Raises _com_error otherwise: a failure never loses the old button, and may leave
-    // the new one beside it.
+    // button. Raises _com_error otherwise: a failure never loses the old button, and a tag the host
+    // refuses takes the new button out again. Safe to call again with the same names: a new button
+    // already standing before the old one (tagged `newButtonTag`, named `newButtonName`) is not
+    // added again, only the old button is deleted. docs/toolbar-buttons.md has the whole contract.
     static void replaceToolbarButton(const MxtString& groupName, const MxtString& toolbarName,
                                      const MxtString& buttonName, const MxtString& newButtonName,
                                      const MxtString& newButtonTag, const MxtString& helpString,

@@ -14,7 +14,7 @@ namespace external_utilities {
 
 struct WalkRules {
     // The variant an item is asked for with.
-    _variant_t (*position)(std::int32_t) = menuPosition;
+    _variant_t (*position)(long) = menuPosition;
     // Whether that variant is copied for each call (a failed copy raises its status), or passed.
     bool copyPosition = false;
     // An item the host refuses: the failure raised, or the position skipped.
@@ -32,7 +32,7 @@ template <class ItemPtr, class Collection, class Visit>
 void walkPositions(Collection& collection, LONG count, const WalkRules& rules, Visit&& visit)
 {
     for (LONG position = 0; position < count; ++position) {
-        const _variant_t made = rules.position(static_cast<std::int32_t>(position));
+        const _variant_t made = rules.position(position);
         std::optional<_variant_t> copy;
         if (rules.copyPosition)
             copy.emplace(made);

@@ -5,18 +5,20 @@
 
 namespace external_utilities {
 
-HostMenuGroupsPtr readMenuGroups()
+std::optional<HostMenuGroupsPtr> readMenuGroups()
 {
     HostMenuGroups* groups = nullptr;
     HRESULT status = E_POINTER;
     {
         const HostApplicationPtr application = getHostApplication();
         if (!application)
-            return HostMenuGroupsPtr();
+            return std::nullopt;
         status = application->get_MenuGroups(&groups);
     }
     HostMenuGroupsPtr owned(groups, false);
-    return FAILED(status) ? HostMenuGroupsPtr() : owned;
+    if (FAILED(status))
+        return std::nullopt;
+    return owned;
 }
 
 HostMenuGroupPtr findMenuGroup(const MxtString& groupName)

@@ -5,25 +5,26 @@
 
 #include "automation.h"
 
-#include <cstdint>
-
 namespace external_utilities {
 
-inline _variant_t menuPosition(std::int32_t position)
+// A caller's position goes to the host whole, never narrowed here: where long is wider than the
+// host's 32 bits, a value beyond them is the host's to refuse, as toolbar placements are.
+inline _variant_t menuPosition(long position)
 {
-    return _variant_t(static_cast<long>(position), VT_I4);
+    return _variant_t(position, VT_I4);
 }
 
-inline _variant_t toolbarPosition(std::int32_t position)
+inline _variant_t toolbarPosition(long position)
 {
     return menuPosition(position);
 }
 
-inline _variant_t documentPosition(std::int32_t position)
+// Only the walk over the documents makes these, below the host's own 32-bit count.
+inline _variant_t documentPosition(long position)
 {
     _variant_t variant;
     V_VT(&variant) = VT_INT;
-    V_INT(&variant) = position;
+    V_INT(&variant) = static_cast<INT>(position);
     return variant;
 }
 

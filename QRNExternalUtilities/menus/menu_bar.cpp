@@ -30,7 +30,7 @@ void ZORBAppUtilities::addMenuToMenuBar(const MxtString& groupName, const MxtArr
     // Inserted unless the flag is exactly all bits set; removing tests for any bit instead, and
     // callers rely on both tests as they are.
     if (!isExactlyTrue(menu->GetOnMenuBar()))
-        menu->InsertInMenuBar(menuPosition(static_cast<std::int32_t>(position)));
+        menu->InsertInMenuBar(menuPosition(position));
 }
 
 void ZORBAppUtilities::removeMenuFromMenuBar(const MxtString& groupName)

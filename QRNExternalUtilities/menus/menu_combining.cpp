@@ -84,6 +84,6 @@ void ZORBAppUtilities::combineMenusOnMenuBar(const MxtString& menuName, const Mx
         combined->PutName(name);  // written a second time, as the host has always been told
         for (int i = 0; i < sources.getLength(); ++i)
             copyMenuAsSubMenu(combined, sources[i]);
-        combined->InsertInMenuBar(menuPosition(static_cast<std::int32_t>(position)));
+        combined->InsertInMenuBar(menuPosition(position));
     });
 }

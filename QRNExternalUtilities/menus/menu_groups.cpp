@@ -34,13 +34,16 @@ MxtArray<HostMenuGroupPtr> copyMenuGroups(HostMenuGroups& groups)
     return copies;
 }
 
-// The loaded groups, copied; nothing when the host gives no collection.
+// The loaded groups, copied; nothing when the host refuses the collection. A collection the host
+// gave as null cannot be counted and raises E_POINTER, as a call on any null object does.
 std::optional<MxtArray<HostMenuGroupPtr>> loadedMenuGroups()
 {
-    const HostMenuGroupsPtr groups = readMenuGroups();
+    const auto groups = readMenuGroups();
     if (!groups)
         return std::nullopt;
-    return copyMenuGroups(*groups);
+    if (!*groups)
+        _com_issue_error(E_POINTER);
+    return copyMenuGroups(**groups);
 }
 
 }  // namespace
@@ -64,7 +67,9 @@ bool ZORBAppUtilities::loadMenus(const MxtArray<MxtString>& menuFiles)
     // True from the start and never false: the answer only says that the operation ran.
     const bool ran = true;
     catchAutomationFailure([&] {
-        const HostMenuGroupsPtr groups = readMenuGroups();
+        // Only a refused read ends the operation here; a collection given as null refuses the
+        // first load (E_POINTER), after the loaded test of that file.
+        const auto groups = readMenuGroups();
         if (!groups)
             return;
         for (int i = 0; i < menuFiles.getLength(); ++i) {
@@ -72,10 +77,13 @@ bool ZORBAppUtilities::loadMenus(const MxtArray<MxtString>& menuFiles)
             // is never found and its file is loaded again.
             if (isMenuLoaded(groupNameOf(menuFiles[i]).toUpper()))
                 continue;
-            // The load's status is not looked at: a file that does not load is passed over.
+            // The load's status is not looked at: a file that does not load is passed over. A group
+            // is given only with a success; after a failure the output is not ours to release.
             HostMenuGroup* loaded = nullptr;
-            groups->raw_LoadMenuFile(_bstr_t(menuFiles[i].getStringW()), _variant_t(), &loaded);
-            const HostMenuGroupPtr released(loaded, false);
+            const HRESULT status = (*groups)->raw_LoadMenuFile(_bstr_t(menuFiles[i].getStringW()), _variant_t(), &loaded);
+            if (SUCCEEDED(status)) {
+                const HostMenuGroupPtr released(loaded, false);
+            }
         }
     });
     return ran;

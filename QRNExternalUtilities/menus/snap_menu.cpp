@@ -24,7 +24,7 @@ WalkRules snapWalk(WalkRules::NullItem nullItem)
 
 _variant_t snapPosition(long position)
 {
-    return copiedPosition(menuPosition(static_cast<std::int32_t>(position)));
+    return copiedPosition(menuPosition(position));
 }
 
 // The first menu of the "MX" group (any letter case) tagged "PM_0001" (any case) or not tagged.

@@ -31,9 +31,9 @@ bool ZORBAppUtilities::showHideToolbar(bool show, MxtString& groupName, MxtStrin
         if (show && isExactlyFalse(visible)) {
             // Placed before it is made visible, so that it never shows at a stale place.
             if (dockStatus == kFloating)
-                toolbar->Float(static_cast<LONG>(top), static_cast<LONG>(left), static_cast<LONG>(floatingRows));
+                toolbar->Float(top, left, floatingRows);
             else
-                toolbar->Dock(static_cast<LONG>(dockStatus));
+                toolbar->Dock(dockStatus);
             toolbar->PutVisible(VARIANT_TRUE);
         }
         else if (!show && isExactlyTrue(visible)) {

@@ -155,7 +155,8 @@ bool PreferencesFiles::operator==(const PreferencesFiles& other) const
 
 bool HostBehaviour::operator==(const HostBehaviour& other) const
 {
-    return strictArguments == other.strictArguments && menuIndexBeyondEnd == other.menuIndexBeyondEnd;
+    return strictArguments == other.strictArguments && menuIndexBeyondEnd == other.menuIndexBeyondEnd &&
+           newMenuItemsEnabled == other.newMenuItemsEnabled;
 }
 
 bool HostState::operator==(const HostState& other) const

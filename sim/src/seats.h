@@ -25,6 +25,17 @@ public:
             ++m_examined;
             if (seat->second < nodes.size() && nodes[seat->second].get() == node)
                 return static_cast<long>(seat->second);
+            // One entry added or removed before the node moves it by one: its neighbours first (a
+            // seat of 0 has no entry before it; the wrapped index fails the bound).
+            for (const size_t near : {seat->second + 1, seat->second - 1}) {
+                if (near >= nodes.size())
+                    continue;
+                ++m_examined;
+                if (nodes[near].get() == node) {
+                    seat->second = near;
+                    return static_cast<long>(near);
+                }
+            }
         }
         for (size_t i = 0; i < nodes.size(); ++i) {
             ++m_examined;

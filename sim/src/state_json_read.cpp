@@ -404,8 +404,9 @@ HostState readState(const JsonReader& in)
                      "registry", "searchPathFiles", "menuFiles", "mxSupportFolder", "faults"});
     HostState state;
     if (const auto behaviour = in.member("behaviour")) {
-        behaviour->expectObject({"strictArguments", "menuIndexBeyondEnd"});
+        behaviour->expectObject({"strictArguments", "menuIndexBeyondEnd", "newMenuItemsEnabled"});
         readBoolean(*behaviour, "strictArguments", state.behaviour.strictArguments);
+        readBoolean(*behaviour, "newMenuItemsEnabled", state.behaviour.newMenuItemsEnabled);
         readMember(*behaviour, "menuIndexBeyondEnd", state.behaviour.menuIndexBeyondEnd,
                    [](const JsonReader& value) {
                        if (const auto choice = detail::beyondEndNamed(text::toUtf8(value.text())))

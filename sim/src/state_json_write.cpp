@@ -228,7 +228,8 @@ nlohmann::json stateToJson(const HostState& state)
     return {
         {"behaviour",
          {{"strictArguments", state.behaviour.strictArguments},
-          {"menuIndexBeyondEnd", detail::nameOfBeyondEnd(state.behaviour.menuIndexBeyondEnd)}}},
+          {"menuIndexBeyondEnd", detail::nameOfBeyondEnd(state.behaviour.menuIndexBeyondEnd)},
+          {"newMenuItemsEnabled", state.behaviour.newMenuItemsEnabled}}},
         {"menuGroups", nodesOf(state.menuGroups, groupOf)},
         {"menuBar", menuBar},
         {"documents", nodesOf(state.documents, documentOf)},

@@ -53,6 +53,15 @@ TEST_F(Documents, ClosingPassesAShortSaveFlagAndTheDrawingsOwnName)
     EXPECT_EQ(close.arguments[0].value, "-1");
     EXPECT_EQ(close.arguments[1].value, "C:\\Projects\\Warehouse 12\\Drawings\\GA-001.dwg");
 
+    // Without saving: 0, and the drawing's name all the same.
+    auto other = std::make_shared<sim::Document>();
+    other->fullFileName = kOnDisk;
+    state().documents.push_back(other);
+    state().activeDocument = other;
+    EXPECT_TRUE(ZORBAppUtilities::closeActiveDocument(false));
+    EXPECT_EQ(host().journal().entries().back().arguments[0].value, "0");
+    EXPECT_EQ(host().journal().entries().back().arguments[1].value, "C:\\Projects\\Warehouse 12\\Drawings\\GA-002.dwg");
+
     // Nothing is open now: false, and no document is asked anything.
     host().journal().clear();
     EXPECT_FALSE(ZORBAppUtilities::closeActiveDocument(false));
@@ -65,8 +74,18 @@ TEST_F(Documents, AnOpenDrawingIsFoundIgnoringCaseAndNotOpenedAgain)
     std::wstring upper = kOpen;
     for (auto& c : upper)
         c = static_cast<wchar_t>(std::towupper(c));
+    // A second drawing whose name differs only in case, active now: the first in the host's order
+    // is the one found and activated.
+    std::wstring lower = kOpen;
+    for (auto& c : lower)
+        c = static_cast<wchar_t>(std::towlower(c));
+    auto twin = std::make_shared<sim::Document>();
+    twin->fullFileName = lower;
+    state().documents.push_back(twin);
+    state().activeDocument = twin;
     EXPECT_TRUE(ZORBAppUtilities::openAndActivateDocument(MxtString(upper.c_str()), true));
-    EXPECT_THAT(openNames(), ElementsAre(kOpen));
+    EXPECT_THAT(openNames(), ElementsAre(kOpen, lower));
+    EXPECT_EQ(state().activeDocument, state().documents[0]);
     EXPECT_TRUE(drawingCheckWrites().empty());
     EXPECT_EQ(hostCalls().back(), "HostDocument.Activate");
     EXPECT_EQ(typedHostCalls()[4], "HostDocuments.Item(VT_INT)");
@@ -92,6 +111,12 @@ TEST_F(Documents, OpeningHoldsDrawingCheckAtZeroAndPutsItBackAfterSuccessOrFailu
     EXPECT_FALSE(ZORBAppUtilities::openAndActivateDocument(MxtString(L"C:\\nowhere.dwg"), true));
     EXPECT_THAT(drawingCheckWrites(), ElementsAre("0", "2"));
     EXPECT_EQ(drawingCheck(), 2);
+
+    // -1 is the mark of a variable not changed: a "DWGCHECK" that was -1 itself is not put back.
+    state().systemVariables[L"DWGCHECK"] = -1;
+    host().journal().clear();
+    EXPECT_FALSE(ZORBAppUtilities::openAndActivateDocument(MxtString(L"C:\\nowhere.dwg"), true));
+    EXPECT_THAT(drawingCheckWrites(), ElementsAre("0"));
 }
 
 TEST_F(Documents, AnotherSeparatorGoesThroughTheHostsOpenAndAnUnfoundSecondSearchStillGivesTrue)
@@ -138,14 +163,18 @@ TEST_F(Documents, ObjectsAreLetGoInTheirOrder)
 
 TEST_F(Documents, APlotWindowGoesToTheActiveLayoutInTheParameterOrderGiven)
 {
+    state().activeDocument->plot.numberOfCopies = 3;
     MxtString message(L"untouched");
     EXPECT_TRUE(ZORBAppUtilities::plotLayout(MxtString(L"DWG To PDF.pc3"), MxtString(L"Layout2"),
                                              ZbDbPlotSettings::kWindow, 0, 10, 0, 5, message));
     EXPECT_EQ(text(message), L"untouched");
+    EXPECT_TRUE(state().activeDocument->plot.quietErrorMode);
+    EXPECT_EQ(state().activeDocument->plot.batchEntries, 1);
     ASSERT_EQ(state().plotJobs.size(), 1u);
     const sim::PlotJob& job = state().plotJobs[0];
     EXPECT_EQ(job.device, std::wstring(L"DWG To PDF.pc3"));
     EXPECT_THAT(job.layouts, ElementsAre(L"Layout2"));
+    EXPECT_EQ(job.numberOfCopies, 1);
     EXPECT_EQ(job.plotType, 4);
     ASSERT_TRUE(job.window);
     EXPECT_EQ((std::vector<double>{job.window->lowerLeftX, job.window->lowerLeftY, job.window->upperRightX,

@@ -37,6 +37,8 @@ protected:
 
 TEST_F(MenuBar, AddingPutsTheGroupsFirstMenuWithItsNewItemsOnTheBarAtThePosition)
 {
+    // On a host that adds items disabled, the items are enabled all the same.
+    state().behaviour.newMenuItemsEnabled = false;
     const size_t before = state().menuBar.size();
     ZORBAppUtilities::addMenuToMenuBar(
         MxtString(L"mx"), items({{0, L"&Beam Tools", L"^C^C_MXBT"}, {2, L"&Grid", L"^C^C_MXGRID"}}), 1);
@@ -44,6 +46,7 @@ TEST_F(MenuBar, AddingPutsTheGroupsFirstMenuWithItsNewItemsOnTheBarAtThePosition
     EXPECT_EQ(state().menuBar[1], firstMenu);
     EXPECT_EQ(firstMenu->items[0]->label, L"&Beam Tools");
     EXPECT_EQ(firstMenu->items[2]->macro, L"^C^C_MXGRID");
+    EXPECT_TRUE(firstMenu->items[0]->enabled);
     EXPECT_TRUE(firstMenu->items[2]->enabled);
     const std::vector<std::string> calls = typedHostCalls();
     EXPECT_THAT(std::vector<std::string>(calls.end() - 6, calls.end()),
@@ -122,3 +125,16 @@ TEST_F(MenuBar, MenusAreCountedAndFoundByTheirUpperCasedTag)
     EXPECT_FALSE(ZORBAppUtilities::isMenuLoadedOnMenuBar(MxtString(L"")));
 }
 
+
+#if AUTOMATION_HAS_TEST_HOOKS
+// The menu bar's positions are passed as made, not copied: a variant copy that would fail is never
+// reached.
+TEST_F(MenuBar, TheMenuBarsPositionsAreNotCopied)
+{
+    state().menuBar.push_back(mx->menus[1]);  // tagged PM_MX_MAIN
+    automation_testing::failVariantCopy(1, kInjectedStatus);
+    const bool found = ZORBAppUtilities::isMenuLoadedOnMenuBar(MxtString(L"MX_MAIN"));
+    automation_testing::failVariantCopy(0, S_OK);
+    EXPECT_TRUE(found);
+}
+#endif

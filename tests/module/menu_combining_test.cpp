@@ -7,6 +7,7 @@
 
 using namespace module_testing;
 using ::testing::ElementsAre;
+using ::testing::ElementsAreArray;
 
 namespace {
 
@@ -76,10 +77,13 @@ TEST_F(MenuCombining, SeparatorsGoToOneIndexAndNestedSubmenusAreCopied)
                                       item(sim::ItemType::submenu, L"Deeper",
                                            menuOf(L"Deeper", {item(sim::ItemType::command, L"C")})),
                                       item(sim::ItemType::separator, L"")});
+    // Copies are left enabled or not as the host makes them.
+    state().behaviour.newMenuItemsEnabled = false;
     ZORBAppUtilities::combineMenusOnMenuBar(MxtString(L"Combined"), mxtStrings({L"MX"}), 0);
     const auto copy = combined()->items[0]->subMenu;
     ASSERT_NE(copy, nullptr);
     EXPECT_THAT(entriesOf(*copy), ElementsAre(L"---", L"---", L"A", L"B", L"Deeper>"));
+    EXPECT_FALSE(copy->items[2]->enabled);
     EXPECT_THAT(entriesOf(*copy->items[4]->subMenu), ElementsAre(L"C"));
 }
 
@@ -91,6 +95,13 @@ TEST_F(MenuCombining, TwoCallsAddTwoMenusAndNoSourceNamesGiveAnEmptyMenu)
     ASSERT_EQ(state().menuGroups[0]->menus.size(), zorbMenus + 2);
     EXPECT_TRUE(combined()->items.empty());
     EXPECT_EQ(state().menuBar[0], combined());
+
+    // A name that matches no group leaves no trace: the new menu is not even asked its count.
+    host().journal().clear();
+    ZORBAppUtilities::combineMenusOnMenuBar(MxtString(L"Empty"), mxtStrings({L"NOPE"}), 0);
+    EXPECT_TRUE(combined()->items.empty());
+    const std::vector<std::string> calls = hostCalls();
+    EXPECT_EQ(std::count(calls.begin(), calls.end(), "HostPopupMenu.get_Count"), 0);
 }
 
 TEST_F(MenuCombining, AFailureIsSwallowedAndWhatWasDoneStays)
@@ -107,4 +118,31 @@ TEST_F(MenuCombining, AFailureIsSwallowedAndWhatWasDoneStays)
     EXPECT_THAT(entriesOf(*combined()), ElementsAre(L"MX Object Snap>", L"MX &Tools>"));
     EXPECT_TRUE(combined()->items[0]->subMenu->items.empty());
     EXPECT_EQ(combined()->items[1]->subMenu->items.size(), tools->menus[0]->items.size());
+}
+
+// A source item, or an item's submenu, that the host withholds ends that source's copy there: the
+// rest of it is not copied, and the source stays on the menu bar. (The host appends items beyond
+// the end, so that a copy going on would show.)
+TEST_F(MenuCombining, AWithheldItemOrSubmenuEndsTheCopyAndTheSourceStaysOnTheBar)
+{
+    state().behaviour.menuIndexBeyondEnd = sim::BeyondEnd::append;
+    struct Row {
+        const char* withheld;
+        int nth;
+        std::vector<std::wstring> copied;
+    };
+    for (const Row& row : {Row{"HostPopupMenu.Item", 2, {L"A"}}, Row{"HostPopupMenuItem.get_SubMenu", 1, {L"A", L"B"}}}) {
+        SCOPED_TRACE(row.withheld);
+        mx->menus[0] = menuOf(L"Source", {item(sim::ItemType::command, L"A"), item(sim::ItemType::command, L"B"),
+                                          item(sim::ItemType::submenu, L"Deeper",
+                                               menuOf(L"Deeper", {item(sim::ItemType::command, L"C")})),
+                                          item(sim::ItemType::command, L"D")});
+        state().menuBar = {mx->menus[0]};
+        host().clearFaults();
+        armFault(withheldObject(row.withheld, row.nth));
+        ZORBAppUtilities::combineMenusOnMenuBar(MxtString(L"Combined"), mxtStrings({L"MX"}), 0);
+        ASSERT_EQ(combined()->items.size(), 1u);
+        EXPECT_THAT(entriesOf(*combined()->items[0]->subMenu), ElementsAreArray(row.copied));
+        EXPECT_EQ(std::count(state().menuBar.begin(), state().menuBar.end(), mx->menus[0]), 1);
+    }
 }

@@ -47,6 +47,11 @@ TEST_F(MenuGroups, APositionTheHostRefusesIsSkippedAndANullNameIsEmpty)
     host().clearFaults();
     armFault(answering("HostMenuGroup.get_Name", nullAnswer()));
     EXPECT_TRUE(ZORBAppUtilities::isMenuLoaded(MxtString(L"")));
+
+    // A position left empty is kept in the copy: a group found before it is found all the same.
+    host().clearFaults();
+    armFault(withheldObject("HostMenuGroups.Item", 2));
+    EXPECT_TRUE(ZORBAppUtilities::isMenuLoaded(MxtString(L"ZORB")));
 }
 
 TEST_F(MenuGroups, LoadingLoadsEachFileWhoseGroupIsNotLoadedAndPassesOverFailures)
@@ -60,6 +65,20 @@ TEST_F(MenuGroups, LoadingLoadsEachFileWhoseGroupIsNotLoadedAndPassesOverFailure
     EXPECT_EQ(std::count(calls.begin(), calls.end(), "HostMenuGroups.LoadMenuFile(VT_BSTR, VT_EMPTY)"), 2);
     EXPECT_EQ(host().journal().entries().back().arguments[0].value, "C:\\Program Files\\MX\\Support\\MX");
     EXPECT_TRUE(ZORBAppUtilities::loadMenus(MxtArray<MxtString>()));
+
+    // Only a refused read of the groups ends the operation at once. One that gives no collection
+    // goes on to the loaded test of the first file, whose load then has nothing to load into.
+    for (const sim::Fault& fault : {failingCall("HostApplication.get_MenuGroups", 1),
+                                    withheldObject("HostApplication.get_MenuGroups", 1)}) {
+        host().clearFaults();
+        host().journal().clear();
+        armFault(fault);
+        EXPECT_TRUE(ZORBAppUtilities::loadMenus(mxtStrings({L"C:\\nowhere\\NOPE"})));
+        const std::vector<std::string> calls = hostCalls();
+        EXPECT_EQ(std::count(calls.begin(), calls.end(), "HostApplication.get_MenuGroups"),
+                  fault.kind == sim::FaultKind::nullObject ? 2 : 1);
+        EXPECT_EQ(std::count(calls.begin(), calls.end(), "HostMenuGroups.LoadMenuFile"), 0);
+    }
 }
 
 TEST_F(MenuGroups, AGroupTheHostNamesInLowerCaseIsLoadedAgainOnEveryCall)

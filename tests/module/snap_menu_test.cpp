@@ -143,3 +143,16 @@ TEST_F(SnapMenu, APositionBeforeTheMenusStartIsRefusedByTheHost)
     EXPECT_EQ(failureOf([] { ZORBAppUtilities::removeMenuItemsFromSnapMenu(kLabels, 10); }).Error(),
               DISP_E_BADINDEX);
 }
+
+#if AUTOMATION_HAS_TEST_HOOKS
+// Positions are copied for each call: a copy that fails inside the lookup gives no snap menu, so the
+// answer is false and nothing is raised or added.
+TEST_F(SnapMenu, APositionCopyThatFailsInTheLookupGivesFalse)
+{
+    automation_testing::failVariantCopy(1, kInjectedStatus);
+    const bool added = ZORBAppUtilities::addMenuItemsToSnapMenu(kLabels, kMacros, 2);
+    automation_testing::failVariantCopy(0, S_OK);
+    EXPECT_FALSE(added);
+    EXPECT_EQ(snap->items.size(), 10u);
+}
+#endif

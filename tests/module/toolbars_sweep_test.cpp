@@ -42,7 +42,15 @@ SweptOperation toolbarOperation(std::string name, std::function<void()> call,
 
 struct Placement {
     long left = -1, top = -1, dockStatus = -1, rows = -1;
+
+    // In the order a hide reads them.
+    std::vector<long> read() const { return {left, top, rows, dockStatus}; }
 };
+
+std::vector<long> placedAt(const sim::Toolbar& toolbar)
+{
+    return {toolbar.left, toolbar.top, toolbar.floatingRows, toolbar.dockStatus};
+}
 
 std::vector<SweptOperation> toolbarOperations()
 {
@@ -62,9 +70,18 @@ std::vector<SweptOperation> toolbarOperations()
         [hidden, placement](const sim::Host& host) {
             EXPECT_TRUE(*hidden);
             EXPECT_FALSE(mxToolbar(host, 0).visible);
-            EXPECT_EQ(placement->rows, 1);
+            EXPECT_EQ(placement->read(), placedAt(mxToolbar(host, 0)));
         });
-    hide.expectFailure = [hidden](const sim::Host& host) { EXPECT_EQ(*hidden, !mxToolbar(host, 0).visible); };
+    hide.expectFailure = [hidden, placement](const sim::Host& host) {
+        EXPECT_EQ(*hidden, !mxToolbar(host, 0).visible);
+        // Those read before the failure are written, in the order read; the others stay as given.
+        const std::vector<long> written = placement->read();
+        const std::vector<long> place = placedAt(mxToolbar(host, 0));
+        size_t read = 0;
+        while (read < written.size() && written[read] == place[read])
+            ++read;
+        EXPECT_EQ(std::vector<long>(written.begin() + read, written.end()), std::vector<long>(written.size() - read, -1));
+    };
     operations.push_back(hide);
 
     const auto shown = std::make_shared<bool>(false);

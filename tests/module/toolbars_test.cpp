@@ -5,6 +5,8 @@
 
 #include "support/automation_failure.h"
 
+#include "sim/state_json.h"
+
 #include <gmock/gmock.h>
 
 using namespace module_testing;
@@ -125,6 +127,11 @@ TEST_F(Toolbars, ToolbarsAreKnownByTagAndOnlyExactYesNoValuesCount)
 
 TEST_F(Toolbars, OfTwoGroupsWhoseNamesDifferInCaseTheFirstIsUsed)
 {
+    // A group position the host leaves empty is passed over.
+    armFault(withheldObject("HostMenuGroups.Item", 1));
+    EXPECT_TRUE(ZORBAppUtilities::isToolbarVisible(MxtString(L"MX"), MxtString(L"TB_MX_MAIN")));
+    host().clearFaults();
+
     auto twin = loadGroup(kMXToolsMenuFile);
     twin->name = L"mx";
     twin->toolbars[0]->tag = L"TB_MX_MAIN";
@@ -201,3 +208,72 @@ TEST_F(Toolbars, ARefusedBitmapStepStillGivesTheNewButtonAndARefusedAddKeepsTheO
     EXPECT_EQ(failureOf([&] { replaceColumn(L"TB_NOWHERE"); }).Error(), E_INVALIDARG);
     EXPECT_EQ(toolbar(0).buttons.size(), 6u);
 }
+
+// Where long is wider than the host's 32 bits, a placement or a menu-bar position beyond them
+// reaches the host whole and is refused as out of range: nothing is narrowed on the way, and the
+// host's state still dumps and loads back.
+TEST_F(Toolbars, ValuesBeyondThirtyTwoBitsAreRefusedByTheHostNotNarrowed)
+{
+    if (sizeof(long) == 4)
+        GTEST_SKIP() << "long holds 32 bits here";
+    const long wide = static_cast<long>(1LL << 32);
+    left = wide, top = 10, dockStatus = 4, rows = 1;
+    EXPECT_EQ(failureOf([&] { showHide(true, L"MX", L"TB_MX_CONNECTIONS"); }).Error(), DISP_E_OVERFLOW);
+    EXPECT_FALSE(toolbar(2).visible);
+    EXPECT_EQ(failureOf([&] { ZORBAppUtilities::addMenuToMenuBar(MxtString(L"MX"), {}, wide); }).Error(),
+              DISP_E_OVERFLOW);
+    EXPECT_EQ(std::count(state().menuBar.begin(), state().menuBar.end(), mx->menus[0]), 0);
+    EXPECT_TRUE(sim::stateFromJson(sim::stateToJson(state())) == state());
+}
+
+// Called again after the old button's removal failed, a replacement finds its new button in place
+// and removes only the old one, whether or not the new button keeps the old one's tag. A tag the
+// host refuses takes the new button out again.
+TEST_F(Toolbars, AReplacementIsSafeToCallAgainAndLeavesNoUntaggedButton)
+{
+    const auto original = toolbar(0).buttons;
+    const auto replacePlate = [](const wchar_t* newTag) {
+        ZORBAppUtilities::replaceToolbarButton(MxtString(L"MX"), MxtString(L"TB_MX_MAIN"), MxtString(L"ID_MX_PLATE"),
+                                               MxtString(L"Plate+"), MxtString(newTag), MxtString(L""),
+                                               MxtString(L"_plate2"), MxtString(L"P16"), MxtString(L"P32"),
+                                               MxtString(L""));
+    };
+    for (const std::wstring newTag : {L"ID_MX_PLATE2", L"ID_MX_PLATE"}) {
+        SCOPED_TRACE(std::string(newTag.begin(), newTag.end()));
+        toolbar(0).buttons = original;
+        host().clearFaults();
+        armFault(failingCall("HostToolbarItem.Delete", 1));
+        EXPECT_EQ(failureOf([&] { replacePlate(newTag.c_str()); }).Error(), kInjectedStatus);
+        EXPECT_EQ(buttonTags(0), (std::vector<std::wstring>{L"ID_MX_BEAM", L"ID_MX_COLUMN", newTag, L"ID_MX_PLATE",
+                                                           L"ID_MX_CONNECTIONS", L"ID_MX_SETTINGS"}));
+        host().clearFaults();
+        replacePlate(newTag.c_str());
+        EXPECT_EQ(buttonTags(0), (std::vector<std::wstring>{L"ID_MX_BEAM", L"ID_MX_COLUMN", newTag,
+                                                           L"ID_MX_CONNECTIONS", L"ID_MX_SETTINGS"}));
+        EXPECT_EQ(toolbar(0).buttons[2]->name, L"Plate+");
+    }
+
+    toolbar(0).buttons = original;
+    host().clearFaults();
+    armFault(failingCall("HostToolbarItem.put_TagString"));
+    EXPECT_EQ(failureOf([&] { replacePlate(L"ID_MX_PLATE2"); }).Error(), kInjectedStatus);
+    EXPECT_EQ(toolbar(0).buttons, original);
+}
+
+#if AUTOMATION_HAS_TEST_HOOKS
+// Group and toolbar positions are each copied for the call, and a copy that fails raises its status
+// before the host is asked for the item: with the groups ZORB and MX, the first copy is the first
+// group's position and the third the first toolbar's.
+TEST_F(Toolbars, EachPositionIsCopiedForTheCallAndAFailedCopyRaises)
+{
+    for (const unsigned long nth : {1ul, 3ul}) {
+        host().journal().clear();
+        automation_testing::failVariantCopy(nth, kInjectedStatus);
+        const HRESULT status =
+            failureOf([] { ZORBAppUtilities::isToolbarVisible(MxtString(L"MX"), MxtString(L"TB_MX_MAIN")); }).Error();
+        automation_testing::failVariantCopy(0, S_OK);
+        EXPECT_EQ(status, kInjectedStatus);
+        EXPECT_EQ(hostCalls().back(), nth == 1 ? "HostMenuGroups.get_Count" : "HostToolbars.get_Count");
+    }
+}
+#endif

@@ -102,9 +102,16 @@ TEST_F(CallCost, AMovedNodeIsSearchedForOnce)
     state() = module_testing::sizedHost(sizes);
     HostPopupMenuPtr menu = soughtGroup()->GetMenus()->Item(indexOf(VT_I4, 0));
     HostPopupMenuItemPtr last = menu->Item(indexOf(VT_I4, 999));
+    // Moved by one, it is found beside its seat: one look more than at its seat.
     menu->AddMenuItem(indexOf(VT_I4, 0), L"First", L"_first");
-
     long long before = host().entriesExamined();
+    EXPECT_EQ(last->GetMacro(), _bstr_t(L"_ITEM1000"));
+    EXPECT_LE(host().entriesExamined() - before, kMostExaminedPerCall + 1);
+
+    // Moved further, it is searched for once, and found at its new seat after that.
+    menu->AddMenuItem(indexOf(VT_I4, 0), L"Second", L"_second");
+    menu->AddMenuItem(indexOf(VT_I4, 0), L"Third", L"_third");
+    before = host().entriesExamined();
     EXPECT_EQ(last->GetMacro(), _bstr_t(L"_ITEM1000"));
     EXPECT_GT(host().entriesExamined() - before, 1000);
     before = host().entriesExamined();

@@ -33,7 +33,7 @@ TEST_F(JournalTest, ArgumentsKeepTheVariantTypeTheyCrossedAs)
     EXPECT_EQ(last().arguments[0].value, "false");
     standard->Dock(1);
     EXPECT_EQ(last().arguments[0].type, VT_I4);
-    EXPECT_EQ(last().object, "HostToolbar 'ZORB'/'TB_STANDARD'");
+    EXPECT_EQ(last().object, "HostToolbar 'ZORB'/'TB_STANDARD'[0]");
 }
 
 TEST_F(JournalTest, ALineShowsMethodArgumentsObjectAndStatus)

@@ -70,7 +70,7 @@ static_assert(memberCount<sim::DrawingDemands>() == 2);
 static_assert(memberCount<sim::PlotJob>() == 6);
 static_assert(memberCount<sim::ZoomRequest>() == 4);
 static_assert(memberCount<sim::PreferencesFiles>() == 4);
-static_assert(memberCount<sim::HostBehaviour>() == 2);
+static_assert(memberCount<sim::HostBehaviour>() == 3);
 static_assert(memberCount<sim::HostState>() == 19);  // the first is its base, sim::MoveOnly
 static_assert(memberCount<sim::Answer>() == 2);
 static_assert(memberCount<sim::Fault>() == 7);
@@ -131,7 +131,7 @@ sim::HostState everyMemberSet()
         sim::Document{L"C:\\Projects\\Hall\\roof.dwg", nullptr, sim::PlotSettings{}, false, std::nullopt, {}});
 
     sim::HostState state;
-    state.behaviour = sim::HostBehaviour{true, sim::BeyondEnd::append};
+    state.behaviour = sim::HostBehaviour{true, sim::BeyondEnd::append, false};
     state.menuGroups = {mx, extrasGroup()};
     const auto window =
         menu(L"&Window", L"ZB_WINDOW", {item(ItemType::command, L"&Tile", L"_TILE ", L"ID_Tile", true)});
@@ -194,6 +194,7 @@ const std::vector<Mutation> kMutations = {
     {"behaviour.strictArguments", [](sim::HostState& s) { s.behaviour.strictArguments = false; }},
     {"behaviour.menuIndexBeyondEnd",
      [](sim::HostState& s) { s.behaviour.menuIndexBeyondEnd = sim::BeyondEnd::refuse; }},
+    {"behaviour.newMenuItemsEnabled", [](sim::HostState& s) { s.behaviour.newMenuItemsEnabled = true; }},
     {"menuGroups", [](sim::HostState& s) { s.menuGroups.pop_back(); }},
     {"MenuGroup.name", [](sim::HostState& s) { mx(s).name = L"MX2"; }},
     {"MenuGroup.menus", [](sim::HostState& s) { mx(s).menus.pop_back(); }},

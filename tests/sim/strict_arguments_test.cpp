@@ -156,6 +156,11 @@ TEST_F(StrictArguments, AdditionsBeyondTheEndOfAMenuAreRefusedOrAppendedAsTheHos
     EXPECT_EQ(state().menuGroups[0]->menus[0]->items[count]->label, L"&Last");
     EXPECT_EQ(state().menuGroups[0]->menus[0]->items[count + 1]->label, L"&Deep");
     EXPECT_EQ(failureOf([&] { file->AddSeparator(indexOf(VT_I4, -1)); }).Error(), E_INVALIDARG);
+    // A VT_I4 that holds more than 32 bits (where long is wider) is out of range, not appended.
+    if (sizeof(long) > 4) {
+        EXPECT_EQ(failureOf([&] { file->AddSeparator(indexOf(VT_I4, static_cast<long>(1LL << 32))); }).Error(),
+                  DISP_E_OVERFLOW);
+    }
 
     HostPopupMenuPtr mx = loadMx()->GetMenus()->Item(indexOf(VT_I4, 1));
     mx->InsertInMenuBar(indexOf(VT_I4, 99));

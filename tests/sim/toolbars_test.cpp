@@ -32,6 +32,10 @@ TEST_F(Toolbars, DockingAndFloatingPlaceAToolbarAndLeaveItsVisibilityAlone)
     EXPECT_FALSE(mxToolbarNode(0).visible);
     EXPECT_EQ(failureOf([&] { main->Dock(4); }).Error(), E_INVALIDARG);
     EXPECT_EQ(failureOf([&] { main->Float(0, 0, 0); }).Error(), E_INVALIDARG);
+    // Where LONG is wider than the host's 32 bits, a value beyond them is out of its range.
+    if (sizeof(LONG) > 4) {
+        EXPECT_EQ(failureOf([&] { main->Float(static_cast<LONG>(1LL << 32), 0, 1); }).Error(), DISP_E_OVERFLOW);
+    }
     EXPECT_EQ(mxToolbarNode(0).dockStatus, 3);
 }
 

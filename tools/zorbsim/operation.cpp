@@ -59,8 +59,8 @@ BoundCall Operation::bind(const nlohmann::json& arguments, const InputPlace& pla
             place.fail("missing argument \"" + parameter.name + "\" of " + signature());
         named[parameter.name] = parameter.startingValue;
     }
-    std::function<CallOutcome()> run = m_binder(named, place);
-    return {std::move(named), std::move(run)};
+    std::function<void(CallOutcome&)> call = m_binder(named, place);
+    return {std::move(named), std::move(call)};
 }
 
 }  // namespace zorbsim

@@ -31,8 +31,8 @@ struct ResultInfo {
     std::function<std::string(const nlohmann::json& value)> display;
 };
 
-// What a call gave back: its result (none for operations returning nothing) and the values of its
-// output parameters, in signature order.
+// What a call gave back: its result (none for operations returning nothing, and after a call that
+// raised) and the values of its output parameters, in signature order, as the call left them.
 struct CallOutcome {
     std::optional<nlohmann::json> result;
     std::vector<std::pair<std::string, nlohmann::json>> outputs;
@@ -40,15 +40,25 @@ struct CallOutcome {
 
 // A call with its arguments converted for the module, ready to run once the host is in place.
 struct BoundCall {
-    nlohmann::json arguments;            // every parameter by name, outputs with their starting values
-    std::function<CallOutcome()> run;    // automation failures and whatever else the module raises pass through
+    nlohmann::json arguments;  // every parameter by name, outputs with their starting values
+    // Makes the call into `outcome`. Automation failures and whatever else the module raises pass
+    // through, after the outputs were put into `outcome` as the call left them.
+    std::function<void(CallOutcome& outcome)> call;
+
+    CallOutcome run() const
+    {
+        CallOutcome outcome;
+        call(outcome);
+        return outcome;
+    }
 };
 
 class Operation {
 public:
     // Converts arguments that name every parameter into the values the call passes; a mistyped
     // value fails at its place.
-    using Binder = std::function<std::function<CallOutcome()>(const nlohmann::json& arguments, const InputPlace& place)>;
+    using Binder =
+        std::function<std::function<void(CallOutcome&)>(const nlohmann::json& arguments, const InputPlace& place)>;
 
     Operation(std::string className, std::string name, std::vector<ParameterInfo> parameters,
               std::optional<ResultInfo> result, Binder binder);

@@ -59,9 +59,10 @@ void collectOutput(CallOutcome& outcome, const std::string& name, const typename
 }
 
 // Reads the arguments in signature order. The call works on a copy of the values, so that it
-// can run again and whatever the module hands out is released as soon as it returns.
+// can run again and whatever the module hands out is released as soon as it returns. The outputs
+// are collected also when the call raises: a caller's variables keep what the call wrote before.
 template <class Result, class... Parameters, std::size_t... I>
-std::function<CallOutcome()> bind(Result (*function)(Parameters...),
+std::function<void(CallOutcome&)> bind(Result (*function)(Parameters...),
                                   const std::array<std::string, sizeof...(Parameters)>& names,
                                   [[maybe_unused]] const nlohmann::json& arguments,
                                   [[maybe_unused]] const InputPlace& place, std::index_sequence<I...>)
@@ -69,16 +70,22 @@ std::function<CallOutcome()> bind(Result (*function)(Parameters...),
     using Values = std::tuple<typename ArgumentKind<Parameters>::Held...>;
     auto values = std::make_shared<const Values>(
         Values{ArgumentKind<Parameters>::read(arguments.at(names[I]), place / names[I])...});
-    return [function, names, values]() {
+    return [function, names, values](CallOutcome& outcome) {
         (void)names;  // an operation without parameters names none
         Values held = *values;
-        CallOutcome outcome;
-        if constexpr (std::is_void_v<Result>)
-            function(ArgumentKind<Parameters>::pass(std::get<I>(held))...);
-        else
-            outcome.result = ResultKind<Result>::write(function(ArgumentKind<Parameters>::pass(std::get<I>(held))...));
-        (collectOutput<Parameters>(outcome, names[I], std::get<I>(held)), ...);
-        return outcome;
+        const auto collectOutputs = [&] { (collectOutput<Parameters>(outcome, names[I], std::get<I>(held)), ...); };
+        try {
+            if constexpr (std::is_void_v<Result>)
+                function(ArgumentKind<Parameters>::pass(std::get<I>(held))...);
+            else
+                outcome.result =
+                    ResultKind<Result>::write(function(ArgumentKind<Parameters>::pass(std::get<I>(held))...));
+        }
+        catch (...) {
+            collectOutputs();
+            throw;
+        }
+        collectOutputs();
     };
 }
 

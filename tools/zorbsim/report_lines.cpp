@@ -39,17 +39,17 @@ std::string callLine(const CallStep& call)
 std::vector<std::string> outcomeLines(const Operation& operation, const StepResult& result)
 {
     std::vector<std::string> lines;
+    std::string resultText;
+    std::string outputs;
     if (result.outcome) {
-        std::string text;
         if (result.outcome->result) {
             const auto& display = operation.result()->display;
-            text = display ? display(*result.outcome->result) : displayValue(*result.outcome->result);
+            resultText = display ? display(*result.outcome->result) : displayValue(*result.outcome->result);
         }
         for (const auto& [name, value] : result.outcome->outputs)
-            text += (text.empty() ? "" : "; ") + name + " = " + displayValue(value);
-        lines.push_back("-> " + (text.empty() ? std::string("done") : text));
+            outputs += (outputs.empty() ? "" : "; ") + name + " = " + displayValue(value);
     }
-    else if (result.failure) {
+    if (result.failure) {
         std::string line = "-> automation failure " + hexStatus(result.failure->code);
         if (!result.failure->message.empty())
             line += " (" + result.failure->message + ")";
@@ -60,6 +60,13 @@ std::vector<std::string> outcomeLines(const Operation& operation, const StepResu
     else if (result.otherException) {
         lines.push_back("-> exception: " + *result.otherException);
     }
+    else if (result.outcome) {
+        const std::string text = resultText + (resultText.empty() || outputs.empty() ? "" : "; ") + outputs;
+        lines.push_back("-> " + (text.empty() ? std::string("done") : text));
+    }
+    // A call that raised leaves the caller's variables as it had written them.
+    if (result.escaped() && !outputs.empty())
+        lines.push_back("outputs: " + outputs);
     if (result.referencesKept != 0)
         lines.push_back("kept: " + std::to_string(result.referencesKept) + " host reference(s), as " +
                         operation.name() + " keeps its application reference by design");

@@ -36,7 +36,8 @@ struct ExpectationResult {
 
 struct StepResult {
     const Step* step = nullptr;
-    // Calls: exactly one of these three is set.
+    // Calls: the outcome, with the outputs as the call left them and a result unless it raised; and
+    // at most one of the failure and the other exception, when one escaped.
     std::optional<CallOutcome> outcome;
     std::optional<AutomationFailure> failure;
     std::optional<std::string> otherException;  // anything but an automation failure escaped the module

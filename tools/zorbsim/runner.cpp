@@ -19,8 +19,9 @@ void runCall(sim::Host& host, const CallStep& call, HostCalls hostCalls, StepRes
     host.journal().clear();
     const long referencesBefore = host.referencesHeld();
     const CoreLibraryWatch coreLibrary;
+    CallOutcome& outcome = result.outcome.emplace();
     try {
-        result.outcome = call.bound.run();
+        call.bound.call(outcome);
     }
     catch (const _com_error& error) {
         result.failure = describeFailure(error);

@@ -164,6 +164,8 @@ struct HostBehaviour {
     bool strictArguments = false;
     // Adding a menu item, separator or submenu, or a menu to the menu bar, beyond the end.
     BeyondEnd menuIndexBeyondEnd = BeyondEnd::refuse;
+    // Whether the menu items, separators and submenus it adds start enabled (hosts differ).
+    bool newMenuItemsEnabled = true;
 
     SIM_API bool operator==(const HostBehaviour& other) const;
     bool operator!=(const HostBehaviour& other) const { return !(*this == other); }

@@ -3,6 +3,7 @@
 #include "status_names.h"
 #include "text.h"
 
+#include <cstdint>
 #include <cwchar>
 
 namespace sim::detail {
@@ -141,6 +142,16 @@ JournalArgument Arg::describe() const
         return {VT_PTR, text::toUtf8(m_text)};
     }
     return {};
+}
+
+bool Arg::fitsInterface() const
+{
+    const auto fits = [](long long number) { return number >= INT32_MIN && number <= INT32_MAX; };
+    if (m_kind == Kind::number)
+        return fits(m_number);
+    if (m_kind == Kind::variant && V_VT(m_variant) == VT_I4)
+        return fits(V_I4(m_variant));
+    return true;
 }
 
 }  // namespace sim::detail

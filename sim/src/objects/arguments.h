@@ -22,6 +22,10 @@ public:
 
     JournalArgument describe() const;
 
+    // Whether a whole number fits the 32 bits the host's interface gives it: a LONG argument or a
+    // VT_I4 variant is wider where long is 64 bits, and a host cannot hold more.
+    bool fitsInterface() const;
+
 private:
     enum class Kind { variant, automationText, sdkText, flag, number, shortNumber, pointer };
     Arg(Kind kind, const VARIANT* variant, const wchar_t* text, long number)

@@ -40,6 +40,12 @@ Call::Call(HostCore& core, const CallSubject& subject, const char* method, std::
             return;
         }
     }
+    for (const Arg& argument : arguments) {
+        if (!argument.fitsInterface()) {
+            fail(DISP_E_OVERFLOW, L"a whole number beyond 32 bits is out of the host's range");
+            return;
+        }
+    }
     if (whenGone == WhenGone::answers)
         return;
     const std::wstring gone = subject.goneReason();

@@ -117,20 +117,34 @@ std::string nameOf(const MenuPlace& place)
     return name;
 }
 
+namespace {
+
+// "[3]", the node's position among its siblings, or "[deleted]" once it left them: two nodes of
+// one tag or name are told apart by it.
+template <class Node>
+std::string positionText(HostCore& core, const std::vector<std::shared_ptr<Node>>& siblings, const Node* node)
+{
+    const long position = core.seats.find(siblings, node);
+    return position >= 0 ? "[" + std::to_string(position) + "]" : "[deleted]";
+}
+
+}  // namespace
+
 std::string nameOf(HostCore& core, const MenuPlace& place, const PopupMenuItem& item)
 {
-    const long position = core.seats.find(place.menu->items, &item);
-    return nameOf(place) + (position >= 0 ? "[" + std::to_string(position) + "]" : "[deleted]");
+    return nameOf(place) + positionText(core, place.menu->items, &item);
 }
 
-std::string nameOf(const ToolbarPlace& place)
+std::string nameOf(HostCore& core, const ToolbarPlace& place)
 {
-    return nameOf(*place.group) + "/" + quoted(identifierOf(place.toolbar->tag, place.toolbar->name));
+    return nameOf(*place.group) + "/" + quoted(identifierOf(place.toolbar->tag, place.toolbar->name)) +
+           positionText(core, place.group->toolbars, place.toolbar.get());
 }
 
-std::string nameOf(const ToolbarPlace& place, const ToolbarButton& button)
+std::string nameOf(HostCore& core, const ToolbarPlace& place, const ToolbarButton& button)
 {
-    return nameOf(place) + "/" + quoted(identifierOf(button.tag, button.name));
+    return nameOf(core, place) + "/" + quoted(identifierOf(button.tag, button.name)) +
+           positionText(core, place.toolbar->buttons, &button);
 }
 
 std::string nameOf(const Document& document) { return quoted(document.fullFileName); }

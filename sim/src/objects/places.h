@@ -47,8 +47,8 @@ std::wstring goneReason(HostCore& core, const Document& document);
 std::string nameOf(const MenuGroup& group);
 std::string nameOf(const MenuPlace& place);
 std::string nameOf(HostCore& core, const MenuPlace& place, const PopupMenuItem& item);
-std::string nameOf(const ToolbarPlace& place);
-std::string nameOf(const ToolbarPlace& place, const ToolbarButton& button);
+std::string nameOf(HostCore& core, const ToolbarPlace& place);
+std::string nameOf(HostCore& core, const ToolbarPlace& place, const ToolbarButton& button);
 std::string nameOf(const Document& document);
 
 }  // namespace sim::detail

@@ -170,6 +170,7 @@ private:
             return call.status();
         if (call.givesNull())
             return call.succeed();
+        added->enabled = state().behaviour.newMenuItemsEnabled;
         items.insert(items.begin() + static_cast<std::ptrdiff_t>(at), added);
         core().seats.remember(items, at);
         return call.giveObject(output, make);

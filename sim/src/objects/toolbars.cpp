@@ -51,7 +51,7 @@ class ToolbarObject final : public HostObject<HostToolbar> {
 public:
     ToolbarObject(const CorePtr& core, ToolbarPlace place) : HostObject(core), m_place(std::move(place)) {}
 
-    std::string journalName() const override { return "HostToolbar " + nameOf(m_place); }
+    std::string journalName() const override { return "HostToolbar " + nameOf(core(), m_place); }
     std::wstring goneReason() const override { return detail::goneReason(core(), m_place); }
 
     HRESULT STDMETHODCALLTYPE get_Name(BSTR* name) override
