@@ -27,13 +27,13 @@ public:
                 return static_cast<long>(seat->second);
             // One entry added or removed before the node moves it by one: its neighbours first (a
             // seat of 0 has no entry before it; the wrapped index fails the bound).
-            for (const size_t near : {seat->second + 1, seat->second - 1}) {
-                if (near >= nodes.size())
+            for (const size_t neighbour : {seat->second + 1, seat->second - 1}) {
+                if (neighbour >= nodes.size())
                     continue;
                 ++m_examined;
-                if (nodes[near].get() == node) {
-                    seat->second = near;
-                    return static_cast<long>(near);
+                if (nodes[neighbour].get() == node) {
+                    seat->second = neighbour;
+                    return static_cast<long>(neighbour);
                 }
             }
         }
