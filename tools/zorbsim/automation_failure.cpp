@@ -37,6 +37,11 @@ AutomationFailure describeFailure(const _com_error& error)
     return {error.Error(), messageOf(error), descriptionOf(error)};
 }
 
+std::string platformMessage(HRESULT code)
+{
+    return messageOf(_com_error(code));
+}
+
 std::string hexStatus(HRESULT code)
 {
     char text[16];
@@ -46,7 +51,7 @@ std::string hexStatus(HRESULT code)
 
 std::string statusWithMessage(HRESULT code)
 {
-    const std::string message = messageOf(_com_error(code));
+    const std::string message = platformMessage(code);
     return message.empty() ? hexStatus(code) : hexStatus(code) + " (" + message + ")";
 }
 

@@ -17,6 +17,10 @@ struct AutomationFailure {
 
 AutomationFailure describeFailure(const _com_error& error);
 
+// The platform's text for a status, as a failure carrying it gives it: "Unspecified error" here,
+// another text on another platform or in another language.
+std::string platformMessage(HRESULT code);
+
 // "0x80004005"
 std::string hexStatus(HRESULT code);
 // "0x80004005 (Unspecified error)"

@@ -2,6 +2,7 @@
 
 #include "input_error.h"
 #include "json_file.h"
+#include "automation_failure.h"
 #include "json_values.h"
 #include "operations.h"
 #include "state_file.h"
@@ -10,6 +11,7 @@
 #include "sim/state_json.h"
 
 #include <filesystem>
+#include <map>
 
 namespace zorbsim {
 namespace {
@@ -48,6 +50,16 @@ void readHost(const json& document, const InputPlace& root, const std::string& f
     }
 }
 
+// An expected output may be the platform's text for a status, {"messageOf": "0x80004005"}, so that
+// one scenario holds on every platform and in every language.
+json expectedOutput(const json& value, const InputPlace& place)
+{
+    if (!value.is_object())
+        return value;
+    requireKnownKeys(value, {"messageOf"}, place);
+    return platformMessage(readStatusCode(requiredMember(value, "messageOf", place), place / "messageOf"));
+}
+
 CallExpectations readCallExpectations(const json& expect, const Operation& operation, const InputPlace& place)
 {
     CallExpectations expectations;
@@ -71,16 +83,20 @@ CallExpectations readCallExpectations(const json& expect, const Operation& opera
         const json& outputs = expect["outputs"];
         if (!outputs.is_object())
             (place / "outputs").fail("expected an object of output parameters by name");
+        std::map<std::string, json> expected;
         for (const auto& output : outputs.items()) {
             const ParameterInfo* parameter = operation.findParameter(output.key());
+            const InputPlace outputPlace = place / "outputs" / output.key();
             if (parameter == nullptr || !parameter->isOutput)
-                (place / "outputs" / output.key()).fail("not an output parameter of " + operation.signature());
-            parameter->checkOutcome(output.value(), place / "outputs" / output.key());
+                outputPlace.fail("not an output parameter of " + operation.signature());
+            json value = expectedOutput(output.value(), outputPlace);
+            parameter->checkOutcome(value, outputPlace);
+            expected.emplace(output.key(), std::move(value));
         }
         // Checked and reported in the order of the signature.
         for (const ParameterInfo& parameter : operation.parameters()) {
-            if (outputs.contains(parameter.name))
-                expectations.outputs.emplace_back(parameter.name, outputs[parameter.name]);
+            if (const auto found = expected.find(parameter.name); found != expected.end())
+                expectations.outputs.emplace_back(parameter.name, found->second);
         }
     }
     return expectations;
