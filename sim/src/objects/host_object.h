@@ -48,7 +48,9 @@ public:
 
     ULONG STDMETHODCALLTYPE Release() override
     {
-        journalRelease(*m_core, *this, interfaceName());
+        // Asked first here: every copy of a reference passes through, and the name is a virtual call.
+        if (m_core->journal.recordsReleases())
+            journalRelease(*m_core, *this, interfaceName());
         --m_core->references;
         const ULONG left = --m_references;
         if (left == 0)
