@@ -454,26 +454,37 @@ def main():
             sys.exit(f"the unseeded suite fails; see {folder / 'last-run.log'}")
         workspace.set_time_limits(module_seconds, suite_seconds)
         print(f"baseline: module_tests {module_seconds:.0f} s, whole suite {suite_seconds:.0f} s", flush=True)
-        for relative, defects in files:
-            source = workspace.source / MODULE / relative
-            original = source.read_text()
-            for key, defect in defects:
-                # A survivor is tried again, the tests may have changed since, unless it is equivalent.
-                if key in results and (results[key]["outcome"] != "survived"
-                                       or equivalent_reason(equivalents, relative, defect) is not None):
+        # Defects not yet run come first, so that a piece spends its time on new ground; survivors
+        # are tried again after them (the tests may have changed since), unless equivalent.
+        def not_run(relative, key, defect):
+            return key not in results
+
+        def worth_retrying(relative, key, defect):
+            return (results[key]["outcome"] == "survived"
+                    and equivalent_reason(equivalents, relative, defect) is None)
+
+        for wanted in (not_run, worth_retrying):
+            for relative, defects in files:
+                chosen = [(key, defect) for key, defect in defects if wanted(relative, key, defect)]
+                if not chosen:
                     continue
-                if args.minutes and time.monotonic() - started > args.minutes * 60:
-                    stopped_early = True
+                source = workspace.source / MODULE / relative
+                original = source.read_text()
+                for key, defect in chosen:
+                    if args.minutes and time.monotonic() - started > args.minutes * 60:
+                        stopped_early = True
+                        break
+                    begun = time.monotonic()
+                    outcome, stage = test_defect(workspace, relative, original, defect)
+                    taken = time.monotonic() - begun
+                    results[key] = {"outcome": outcome, "stage": stage, "seconds": round(taken, 1)}
+                    save()
+                    print(f"{outcome:16} {MODULE}/{relative}:{defect['line']} {defect['change']} ({taken:.0f} s)",
+                          flush=True)
+                # Rebuilt unseeded, so that the next file and the next run start from the module as it is.
+                workspace.build_module()
+                if stopped_early:
                     break
-                begun = time.monotonic()
-                outcome, stage = test_defect(workspace, relative, original, defect)
-                taken = time.monotonic() - begun
-                results[key] = {"outcome": outcome, "stage": stage, "seconds": round(taken, 1)}
-                save()
-                print(f"{outcome:16} {MODULE}/{relative}:{defect['line']} {defect['change']} ({taken:.0f} s)",
-                      flush=True)
-            # Rebuilt unseeded, so that the next file and the next run start from the module as it is.
-            workspace.build_module()
             if stopped_early:
                 break
 
