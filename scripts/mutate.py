@@ -14,7 +14,7 @@ The suite runs in two stages so that most defects cost seconds: the module's own
 
 Results are kept per defect in the build folder, keyed by the file's content, so a run stopped by
 --minutes goes on where it stopped, and a changed file has its defects seeded again. Survivors are
-tried again on every run, since the tests may have changed.
+tried again on every run, after the defects not yet run, since the tests may have changed.
 
   scripts/mutate.py                              every defect of every file
   scripts/mutate.py --files menus/snap_menu.cpp  only these files (paths below QRNExternalUtilities/)

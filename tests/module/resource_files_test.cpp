@@ -1,6 +1,7 @@
 // The host's installation folder and its resource files where the host's settings lack them.
 #include "ZORBAppUtilities.h"
 
+#include "support/faults.h"
 #include "support/host_test.h"
 #include "support/mxt_text.h"
 
@@ -59,7 +60,7 @@ TEST_F(HostResourceFiles, MissingValuesOrFilesAreFalseAndLeaveTheOutput)
     EXPECT_EQ(std::count(calls.begin(), calls.end(), "sdk.zbedFindFile"), 1);
 }
 
-TEST_F(HostResourceFiles, HatchFileFoundAtAPathOfTheHostLimitIsRefused)
+TEST_F(HostResourceFiles, HatchFileFoundAtAPathOfTheHostLimitOrWithNoPathIsRefused)
 {
     const std::wstring longest = textOfLength(259, L"C:\\Deep\\");
     setHatchFileFoundAt(longest);
@@ -73,6 +74,12 @@ TEST_F(HostResourceFiles, HatchFileFoundAtAPathOfTheHostLimitIsRefused)
         EXPECT_FALSE(ZORBAppUtilities::getHatchFilePath(MxtString(L"HatchFile"), path)) << length;
         EXPECT_EQ(path, kUntouched);
     }
+
+    // A host that says it found the file yet gives no path has found nothing usable.
+    setHatchFileFoundAt(longest);
+    armFault(answering("sdk.zbedFindFile", nullAnswer()));
+    EXPECT_FALSE(ZORBAppUtilities::getHatchFilePath(MxtString(L"HatchFile"), path));
+    EXPECT_EQ(path, kUntouched);
 }
 
 }  // namespace

@@ -137,6 +137,31 @@ TEST_F(SnapMenu, TheSnapMenuIsTheFirstUntaggedOrPM0001MenuOfTheMXGroupInAnyCase)
     EXPECT_EQ(mx->menus.back()->items.back()->label, L"X");
 }
 
+// The first group named MX is the one searched, and a menu position the host leaves empty is passed
+// over; a group position left empty ends the search with nothing found.
+TEST_F(SnapMenu, TheFirstMXGroupIsSearchedPastAnEmptyMenuPositionButNotPastAnEmptyGroupPosition)
+{
+    loadGroup(kMXToolsMenuFile)->name = L"Mx";
+    std::swap(mx->menus[0], mx->menus[1]);
+    armFault(withheldObject("HostPopupMenus.Item", 1));
+    EXPECT_TRUE(ZORBAppUtilities::addMenuItemsToSnapMenu(mxtStrings({L"X"}), mxtStrings({L"_X"}), 0));
+    EXPECT_EQ(snap->items.back()->label, L"X");
+
+    const size_t held = snap->items.size();
+    host().clearFaults();
+    armFault(withheldObject("HostMenuGroups.Item", 1));
+    EXPECT_FALSE(ZORBAppUtilities::addMenuItemsToSnapMenu(kLabels, kMacros, 0));
+    EXPECT_EQ(snap->items.size(), held);
+}
+
+// A snap menu with no items holds no macro, so every entry is new.
+TEST_F(SnapMenu, EveryEntryIsAddedToASnapMenuWithoutItems)
+{
+    snap->items.clear();
+    EXPECT_TRUE(ZORBAppUtilities::addMenuItemsToSnapMenu(kLabels, kMacros, 0));
+    EXPECT_THAT(entries(), ::testing::IsSupersetOf({L"MX &Beam Axis", L"MX &Plate Corner", L"MX &Hole"}));
+}
+
 // A position before the menu's start is the host's to refuse, and its refusal reaches the caller.
 TEST_F(SnapMenu, APositionBeforeTheMenusStartIsRefusedByTheHost)
 {
