@@ -141,13 +141,15 @@ TEST_F(Toolbars, OfTwoGroupsWhoseNamesDifferInCaseTheFirstIsUsed)
     EXPECT_TRUE(toolbar(0).visible);
 }
 
-TEST_F(Toolbars, AFlyoutShowsTheToolbarAsNamedOnTheFirstToolbarWithTheTag)
+TEST_F(Toolbars, AFlyoutShowsTheToolbarAsNamedOnTheFirstButtonOfTheFirstToolbarWithTheTags)
 {
     toolbar(1).tag = L"TB_MX_MAIN";
     ZORBAppUtilities::attachToolbarToFlyout(MxtString(L"mx"), MxtString(L"tb_mx_main"), MxtString(L"id_mx_plan"));
     for (const auto& button : toolbar(1).buttons)
         EXPECT_FALSE(button->flyout) << "a later toolbar with the tag was searched";
+    toolbar(0).buttons[3]->tag = L"ID_MX_PLATE";
     ZORBAppUtilities::attachToolbarToFlyout(MxtString(L"mx"), MxtString(L"tb_mx_main"), MxtString(L"id_mx_plate"));
+    EXPECT_FALSE(toolbar(0).buttons[3]->flyout) << "a later button with the tag was taken";
     ASSERT_TRUE(toolbar(0).buttons[2]->flyout);
     EXPECT_EQ(*toolbar(0).buttons[2]->flyout, std::make_pair(std::wstring(L"mx"), std::wstring(L"tb_mx_main")));
     EXPECT_EQ(typedHostCalls().back(), "HostToolbarItem.AttachToolbarToFlyout(VT_BSTR, VT_BSTR)");
@@ -160,14 +162,15 @@ TEST_F(Toolbars, AFlyoutShowsTheToolbarAsNamedOnTheFirstToolbarWithTheTag)
               kInjectedStatus);
 }
 
-TEST_F(Toolbars, AReplacedButtonTakesTheOldOnesPlaceWithEveryProperty)
+TEST_F(Toolbars, AReplacedButtonTakesTheFirstOldOnesPlaceWithEveryProperty)
 {
+    toolbar(0).buttons[3]->tag = L"ID_MX_COLUMN";
     ZORBAppUtilities::replaceToolbarButton(MxtString(L"MX"), MxtString(L"tb_mx_main"), MxtString(L"id_mx_column"),
                                            MxtString(L"Column+"), MxtString(L"ID_MX_COLUMN2"),
                                            MxtString(L"Places columns"), MxtString(L"^C^C_MXCOL2"),
                                            MxtString(L"MX_COL2_16"), MxtString(L"MX_COL2_32"),
                                            MxtString(L"TB_MX_VIEWS"));
-    EXPECT_THAT(buttonTags(0), ElementsAre(L"ID_MX_BEAM", L"ID_MX_COLUMN2", L"ID_MX_PLATE", L"ID_MX_CONNECTIONS",
+    EXPECT_THAT(buttonTags(0), ElementsAre(L"ID_MX_BEAM", L"ID_MX_COLUMN2", L"ID_MX_PLATE", L"ID_MX_COLUMN",
                                            L"ID_MX_SETTINGS"));
     const sim::ToolbarButton& added = *toolbar(0).buttons[1];
     EXPECT_EQ(added.name, L"Column+");
