@@ -77,6 +77,20 @@ def scaling_table(series, fits):
     return rows
 
 
+def n_log_n_growth(series, fits):
+    """How much the rows fitted as N lg N grow over the last tenfold step of n, as measured."""
+    growths = []
+    for name, runs in series.items():
+        sizes = sorted(runs)
+        if fits[name]["BigO"]["big_o"] == "NlgN" and len(sizes) >= 2 and sizes[-1] == 10 * sizes[-2]:
+            growths.append(ns(runs[sizes[-1]]) / ns(runs[sizes[-2]]))
+    if not growths:
+        return []
+    return [f"Rows fitted as N lg N are linear up to n = 1,000 and grow {min(growths):.0f} to {max(growths):.0f} times",
+            "from there to 10,000: the host's nodes and where it found them outgrow the processor's",
+            "caches; their host calls stay linear, as the host-call count tests hold."]
+
+
 def snap_entries_reason(series, formulas):
     """Why adding n snap entries to n items grows as it does, with the formula its test holds, and,
     when the series stops short of the others, why and what its largest n would cost; then why
@@ -214,9 +228,7 @@ def main():
         "",
         *scaling_table(series, fits),
         "",
-        "Rows fitted as N lg N are linear up to n = 1,000 and grow 12 to 15 times from there to",
-        "10,000: the host's nodes and where it found them outgrow the processor's caches; their host",
-        "calls stay linear, as the host-call count tests hold.",
+        *n_log_n_growth(series, fits),
         "",
         "Worse than linear, and why:",
         "",
