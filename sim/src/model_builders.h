@@ -10,7 +10,7 @@
 
 namespace sim::detail {
 
-using Items = std::vector<std::shared_ptr<PopupMenuItem>>;
+using Items = decltype(PopupMenu::items);
 using Buttons = std::vector<std::shared_ptr<ToolbarButton>>;
 
 inline std::shared_ptr<PopupMenuItem> command(std::wstring label, std::wstring macro, std::wstring tag = {})

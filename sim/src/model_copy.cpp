@@ -10,11 +10,9 @@ namespace sim {
 namespace {
 
 // A null entry of a collection is a place where the host gives no object; it is copied as such.
-template <class Node, class Copy>
-std::vector<std::shared_ptr<Node>> copyNodes(const std::vector<std::shared_ptr<Node>>& nodes, Copy copy)
+template <class Nodes, class Copy> Nodes copyNodes(const Nodes& nodes, Copy copy)
 {
-    std::vector<std::shared_ptr<Node>> copies;
-    copies.reserve(nodes.size());
+    Nodes copies;
     for (const auto& node : nodes)
         copies.push_back(node ? copy(*node) : nullptr);
     return copies;

@@ -11,10 +11,9 @@ template <class Node> bool sameNode(const std::shared_ptr<Node>& a, const std::s
     return a && b ? *a == *b : !a && !b;
 }
 
-template <class Node>
-bool sameNodes(const std::vector<std::shared_ptr<Node>>& a, const std::vector<std::shared_ptr<Node>>& b)
+template <class Nodes> bool sameNodes(const Nodes& a, const Nodes& b)
 {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(), sameNode<Node>);
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(), sameNode<typename Nodes::value_type::element_type>);
 }
 
 // Where a menu-bar menu sits among the loaded groups' menus: (group, menu), or (-1, -1).

@@ -3,21 +3,20 @@
 // host answers an item at a position at once. A seat is only a hint: a node that moved (entries
 // were added or removed before it) is searched for and its seat moves, and a node that left the
 // collection is not found. Tests change the state directly, so nothing else may be trusted.
+// A collection is any sequence of shared pointers to nodes with a vector's indexing and erase.
 #pragma once
 
 #include <cstddef>
 #include <functional>
-#include <memory>
 #include <unordered_map>
 #include <utility>
-#include <vector>
 
 namespace sim::detail {
 
 class Seats {
 public:
     // The position of `node` in `nodes`, or -1 when it is not there.
-    template <class Node> long find(const std::vector<std::shared_ptr<Node>>& nodes, const Node* node)
+    template <class Nodes, class Node> long find(const Nodes& nodes, const Node* node)
     {
         const Key key{&nodes, node};
         const auto seat = m_at.find(key);
@@ -49,20 +48,20 @@ public:
         return -1;
     }
 
-    template <class Node> bool contains(const std::vector<std::shared_ptr<Node>>& nodes, const Node* node)
+    template <class Nodes, class Node> bool contains(const Nodes& nodes, const Node* node)
     {
         return find(nodes, node) >= 0;
     }
 
     // A node the host has just found, put or given out at `position`.
-    template <class Node> void remember(const std::vector<std::shared_ptr<Node>>& nodes, size_t position)
+    template <class Nodes> void remember(const Nodes& nodes, size_t position)
     {
         if (position < nodes.size() && nodes[position])
             m_at[Key{&nodes, nodes[position].get()}] = position;
     }
 
     // Takes `node` out of `nodes`, where it must be, and forgets its seat.
-    template <class Node> void remove(std::vector<std::shared_ptr<Node>>& nodes, const Node* node)
+    template <class Nodes, class Node> void remove(Nodes& nodes, const Node* node)
     {
         const long position = find(nodes, node);
         m_at.erase(Key{&nodes, node});

@@ -66,11 +66,12 @@ std::vector<std::shared_ptr<Node>> readNodes(const JsonReader& array, Read read)
     return nodes;
 }
 
-template <class Node, class Read>
-void readNodesMember(const JsonReader& object, const char* name, std::vector<std::shared_ptr<Node>>& target,
-                     Read read)
+template <class Nodes, class Read>
+void readNodesMember(const JsonReader& object, const char* name, Nodes& target, Read read)
 {
-    readMember(object, name, target, [&](const JsonReader& array) { return readNodes<Node>(array, read); });
+    readMember(object, name, target, [&](const JsonReader& array) {
+        return Nodes(readNodes<typename Nodes::value_type::element_type>(array, read));
+    });
 }
 
 PopupMenu readMenu(const JsonReader& in);

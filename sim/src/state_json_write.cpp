@@ -23,7 +23,7 @@ json textsOf(const std::vector<std::wstring>& values)
     return array;
 }
 
-template <class Node, class Write> json nodesOf(const std::vector<std::shared_ptr<Node>>& nodes, Write write)
+template <class Nodes, class Write> json nodesOf(const Nodes& nodes, Write write)
 {
     json array = json::array();
     for (const auto& node : nodes)

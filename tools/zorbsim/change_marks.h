@@ -52,10 +52,9 @@ template <class T> Versions<T> versions(const T* before, const T* after)
 // `sameEntry` says whether two entries are one entry, perhaps changed (a menu by its tag, an item by
 // its label); the pairing keeps the most entries in their order. Runs of equal entries at both
 // ends are paired first, so that the usual small change of a long list costs little. The pairs
-// point into the two lists.
-template <class T, class SameEntry>
-std::vector<Versions<T>> alignLists(const std::vector<T>& before, const std::vector<T>& after,
-                                    SameEntry sameEntry)
+// point into the two lists, which are vectors or other sequences with a vector's indexing.
+template <class List, class SameEntry, class T = typename List::value_type>
+std::vector<Versions<T>> alignLists(const List& before, const List& after, SameEntry sameEntry)
 {
     std::size_t head = 0;
     while (head < before.size() && head < after.size() && sameEntry(before[head], after[head]))

@@ -81,7 +81,7 @@ std::string menuHtml(const NodeVersions<sim::PopupMenu>& menu, const std::string
                        "\"><summary title=\"" + hoverText(shown.tag, {}) +
                        (note.empty() ? "" : "&#10;" + note) + "\">" + menuLabel(shown.name) +
                        "</summary><ul>";
-    const std::vector<std::shared_ptr<sim::PopupMenuItem>>& before = menu.baseline()->items;
+    const auto& before = menu.baseline()->items;
     if (shown.items.empty() && before.empty())
         html += "<li class=\"empty\">no items</li>";
     for (const auto& item : alignLists(before, shown.items, sameItem))

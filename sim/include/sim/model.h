@@ -7,6 +7,7 @@
 
 #include "sim/export.h"
 #include "sim/faults.h"
+#include "sim/gap_buffer.h"
 
 #include <map>
 #include <memory>
@@ -35,7 +36,9 @@ struct PopupMenuItem {
 struct PopupMenu {
     std::wstring name;
     std::wstring tag;
-    std::vector<std::shared_ptr<PopupMenuItem>> items;
+    // A gap buffer rather than a vector: a host deletes a run of items at one position, each in
+    // constant time.
+    GapBuffer<std::shared_ptr<PopupMenuItem>> items;
 
     SIM_API bool operator==(const PopupMenu& other) const;
     bool operator!=(const PopupMenu& other) const { return !(*this == other); }

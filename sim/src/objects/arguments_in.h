@@ -6,7 +6,6 @@
 #include "objects/call.h"
 #include "text.h"
 
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -40,10 +39,9 @@ template <class Node> auto namedBy(std::wstring Node::*field)
 
 // The position of the item an index names: a position, or the first item `matches` takes for
 // the name.
-template <class Node, class Matches>
-bool findPosition(Call& call, const VARIANT& given, VARTYPE positionType,
-                  const std::vector<std::shared_ptr<Node>>& nodes, const std::wstring& what, Matches matches,
-                  size_t& position)
+template <class Nodes, class Matches>
+bool findPosition(Call& call, const VARIANT& given, VARTYPE positionType, const Nodes& nodes,
+                  const std::wstring& what, Matches matches, size_t& position)
 {
     const CollectionIndex index = readCollectionIndex(call, given, positionType);
     if (index.kind == CollectionIndex::Kind::position && index.position >= 0 &&

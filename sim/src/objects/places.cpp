@@ -121,8 +121,8 @@ namespace {
 
 // "[3]", the node's position among its siblings, or "[deleted]" once it left them: two nodes of
 // one tag or name are told apart by it.
-template <class Node>
-std::string positionText(HostCore& core, const std::vector<std::shared_ptr<Node>>& siblings, const Node* node)
+template <class Nodes, class Node>
+std::string positionText(HostCore& core, const Nodes& siblings, const Node* node)
 {
     const long position = core.seats.find(siblings, node);
     return position >= 0 ? "[" + std::to_string(position) + "]" : "[deleted]";
