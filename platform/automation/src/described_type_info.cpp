@@ -1,8 +1,8 @@
 // Type information served from a compiled-in description, and the dispatcher that serves
 // late-bound calls from it, with the platform dispatcher's answers to bad calls.
 #include "automation.h"
+#include "automation/com_object.h"
 
-#include <atomic>
 #include <cwctype>
 #include <vector>
 
@@ -104,28 +104,13 @@ HRESULT reportException(HRESULT failure, EXCEPINFO* exception)
     return DISP_E_EXCEPTION;
 }
 
-class DescribedTypeInfo final : public ITypeInfo {
+class DescribedTypeInfo final : public automation::ComObject<DescribedTypeInfo, ITypeInfo> {
 public:
     explicit DescribedTypeInfo(const DescribedInterface& described) : m_described(described) {}
 
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override
+    void* interfaceFor(REFIID iid)
     {
-        if (object == nullptr)
-            return E_POINTER;
-        *object = nullptr;
-        if (iid != IID_IUnknown && iid != __uuidof(ITypeInfo))
-            return E_NOINTERFACE;
-        *object = static_cast<ITypeInfo*>(this);
-        AddRef();
-        return S_OK;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++m_references; }
-    ULONG STDMETHODCALLTYPE Release() override
-    {
-        const ULONG left = --m_references;
-        if (left == 0)
-            delete this;
-        return left;
+        return iid == IID_IUnknown || iid == __uuidof(ITypeInfo) ? static_cast<ITypeInfo*>(this) : nullptr;
     }
 
     HRESULT STDMETHODCALLTYPE GetTypeAttr(TYPEATTR** attributes) override
@@ -271,6 +256,7 @@ public:
     }
 
 private:
+    friend ComObject;  // only the last Release deletes it
     ~DescribedTypeInfo() = default;
 
     // The member of that DISPID that answers one of the ways of calling in `flags`.
@@ -285,7 +271,6 @@ private:
     }
 
     const DescribedInterface& m_described;
-    std::atomic<ULONG> m_references{1};
 };
 
 }  // namespace

@@ -1,36 +1,21 @@
 // Error information records and the calling thread's slot for the latest one.
-#include <atomic>
 #include <new>
 #include <string>
 
 #include "automation.h"
+#include "automation/com_object.h"
 
 namespace {
 
-class ErrorRecord final : public IErrorInfo, public ICreateErrorInfo {
+class ErrorRecord final : public automation::ComObject<ErrorRecord, IErrorInfo, ICreateErrorInfo> {
 public:
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override
+    void* interfaceFor(REFIID iid)
     {
-        if (object == nullptr)
-            return E_POINTER;
         if (iid == IID_IUnknown || iid == IID_IErrorInfo)
-            *object = static_cast<IErrorInfo*>(this);
-        else if (iid == IID_ICreateErrorInfo)
-            *object = static_cast<ICreateErrorInfo*>(this);
-        else {
-            *object = nullptr;
-            return E_NOINTERFACE;
-        }
-        AddRef();
-        return S_OK;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++m_references; }
-    ULONG STDMETHODCALLTYPE Release() override
-    {
-        const ULONG remaining = --m_references;
-        if (remaining == 0)
-            delete this;
-        return remaining;
+            return static_cast<IErrorInfo*>(this);
+        if (iid == IID_ICreateErrorInfo)
+            return static_cast<ICreateErrorInfo*>(this);
+        return nullptr;
     }
 
     HRESULT STDMETHODCALLTYPE GetGUID(GUID* guid) override
@@ -85,7 +70,6 @@ private:
         }
     }
 
-    std::atomic<ULONG> m_references{1};
     GUID m_guid{};
     std::wstring m_source;
     std::wstring m_description;

@@ -9,6 +9,8 @@
 #include "sim/state_json.h"
 #include "sim/utf8.h"
 
+#include "automation/com_object.h"
+
 #include <atomic>
 #include <exception>
 
@@ -17,33 +19,18 @@ namespace {
 
 std::atomic<long> g_liveControls{0};
 
-class ControlObject final : public DispatchedByName<SimulatorControl>, public ISupportErrorInfo {
+class ControlObject final
+    : public automation::ComObject<ControlObject, DispatchedByName<SimulatorControl>, ISupportErrorInfo> {
 public:
     explicit ControlObject(unsigned generation) : m_generation(generation) { ++g_liveControls; }
-    ControlObject(const ControlObject&) = delete;
-    ControlObject& operator=(const ControlObject&) = delete;
 
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override
+    void* interfaceFor(REFIID iid)
     {
-        if (object == nullptr)
-            return E_POINTER;
-        *object = nullptr;
         if (iid == IID_IUnknown || iid == IID_IDispatch || iid == __uuidof(SimulatorControl))
-            *object = static_cast<SimulatorControl*>(this);
-        else if (iid == IID_ISupportErrorInfo)
-            *object = static_cast<ISupportErrorInfo*>(this);
-        else
-            return E_NOINTERFACE;
-        AddRef();
-        return S_OK;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++m_references; }
-    ULONG STDMETHODCALLTYPE Release() override
-    {
-        const ULONG left = --m_references;
-        if (left == 0)
-            delete this;
-        return left;
+            return static_cast<SimulatorControl*>(this);
+        if (iid == IID_ISupportErrorInfo)
+            return static_cast<ISupportErrorInfo*>(this);
+        return nullptr;
     }
 
     HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID iid) override
@@ -119,6 +106,7 @@ public:
     }
 
 private:
+    friend ComObject;  // only the last Release deletes a control
     ~ControlObject() { --g_liveControls; }
 
     // Runs `action` on the served host this control started: a null output, a replaced host or a
@@ -152,7 +140,6 @@ private:
     }
 
     unsigned m_generation;
-    std::atomic<ULONG> m_references{1};
 };
 
 }  // namespace
