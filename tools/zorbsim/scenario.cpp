@@ -1,8 +1,8 @@
 #include "scenario.h"
 
+#include "automation_failure.h"
 #include "input_error.h"
 #include "json_file.h"
-#include "automation_failure.h"
 #include "json_values.h"
 #include "operations.h"
 #include "state_file.h"
