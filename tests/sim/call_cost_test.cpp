@@ -45,6 +45,13 @@ const Walk kWalks[] = {
          for (int i = 0; i < n; ++i)
              menu->Item(indexOf(VT_I4, i))->GetMacro();
      }},
+    // The snap removal's way: every item deleted at one position, each found there first.
+    {"item_deletions", &HostSizes::menuItems,
+     [](int n) {
+         HostPopupMenuPtr menu = soughtGroup()->GetMenus()->Item(indexOf(VT_I4, 0));
+         for (int i = 0; i < n; ++i)
+             menu->Item(indexOf(VT_I4, 0))->Delete();
+     }},
     {"toolbars", &HostSizes::toolbars,
      [](int n) {
          HostToolbarsPtr toolbars = soughtGroup()->GetToolbars();
