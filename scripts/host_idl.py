@@ -26,7 +26,14 @@ TYPES = {
     "VARIANT_BOOL": ("VARIANT_BOOL", "VT_BOOL", "V_BOOL"),
     "VARIANT": ("VARIANT", "VT_VARIANT", None),
     "ZbPlotType": ("LONG", "VT_USERDEFINED", "V_I4"),  # an enumeration crosses as a 32-bit number
+    "IUnknown*": ("IUnknown*", "VT_UNKNOWN", "V_UNKNOWN"),  # an enumeration's object
 }
+
+# The platform's named DISPIDs that the IDL uses.
+NAMED_DISPIDS = {"DISPID_VALUE": 0, "DISPID_NEWENUM": -4}
+
+# The member attributes that become FUNCFLAG_ bits of a member's description.
+FUNCTION_FLAGS = {"restricted": "FUNCFLAG_FRESTRICTED", "hidden": "FUNCFLAG_FHIDDEN"}
 
 
 class IdlError(Exception):
@@ -47,6 +54,7 @@ class Member:
     dispid: int
     parameters: list = field(default_factory=list)  # the caller's, in order
     result: str = None  # the [out, retval] type without its last '*', or None
+    flags: list = field(default_factory=list)  # "restricted", "hidden"
 
     @property
     def cpp_name(self):
@@ -67,6 +75,8 @@ class Interface:
 
 
 def cpp_type(idl_type, interfaces):
+    if idl_type in TYPES:
+        return TYPES[idl_type][0]
     base = idl_type.rstrip("*")
     stars = idl_type[len(base):]
     if base in TYPES:
@@ -95,16 +105,25 @@ def split_top_level(text, separator=","):
     return [p.strip() for p in parts]
 
 
+def dispid_of(text, interface):
+    if text in NAMED_DISPIDS:
+        return NAMED_DISPIDS[text]
+    try:
+        return int(text, 0)
+    except ValueError:
+        raise IdlError(f"{interface}: the id {text} is neither a number nor a DISPID we know")
+
+
 def parse_member(declaration, interface):
     match = re.fullmatch(r"\[([^\]]*)\]\s*HRESULT\s+(\w+)\s*\((.*)\)", declaration, re.S)
     if not match:
         raise IdlError(f"{interface}: cannot read the member '{' '.join(declaration.split())}'")
     attributes = [a.strip() for a in match.group(1).split(",")]
-    dispid = next((int(a[3:-1], 0) for a in attributes if a.startswith("id(")), None)
+    dispid = next((dispid_of(a[3:-1], interface) for a in attributes if a.startswith("id(")), None)
     if dispid is None:
         raise IdlError(f"{interface}.{match.group(2)} has no id")
     kind = "propget" if "propget" in attributes else "propput" if "propput" in attributes else "method"
-    member = Member(match.group(2), kind, dispid)
+    member = Member(match.group(2), kind, dispid, flags=[a for a in attributes if a in FUNCTION_FLAGS])
     for text in split_top_level(match.group(3)):
         parameter = re.fullmatch(r"\[([^\]]*)\]\s*(\w+\s*\**)\s*(\w+)", text)
         if not parameter:
@@ -332,8 +351,9 @@ def describe(idl, output):
             else:
                 result_vt = TYPES[member.result][1]
             kind = {"method": "INVOKE_FUNC", "propget": "INVOKE_PROPERTYGET", "propput": "INVOKE_PROPERTYPUT"}
+            flags = " | ".join(FUNCTION_FLAGS[f] for f in member.flags) or "0"
             rows.append(f'    {{L"{member.name}", {member.dispid}, {kind[member.kind]}, {parameters}, '
-                        f"{len(member.parameters)}, {result_vt}, {function}}},")
+                        f"{len(member.parameters)}, {result_vt}, {function}, {flags}}},")
         out.append(f"const DescribedMember members_{interface.name}[] = {{")
         out.extend(rows)
         out.append("};\n")

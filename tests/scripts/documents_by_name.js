@@ -37,6 +37,13 @@ opened.Close(false);
 checkEqual(documents.Count, 2, "documents after a close");
 var state = stateOf(control);
 checkEqual(state.documents.length, 2, "open documents in the state");
+// The documents walked as JScript walks a collection.
+var names = [];
+for (var walk = new Enumerator(documents); !walk.atEnd(); walk.moveNext())
+    names.push(walk.item().FullFileName);
+checkEqual(names.join(";"), first.FullFileName + ";C:\\Projects\\Warehouse 12\\Drawings\\Shop\\B-101.dwg",
+           "the open documents, walked in order");
+walk = null;
 
 // Opening a drawing the host cannot find fails with the host's status and description.
 try {

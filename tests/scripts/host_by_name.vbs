@@ -33,14 +33,41 @@ CheckEqual mx.Name, "MX", "the loaded group"
 CheckEqual groups.Count, 2, "menu groups after the load"
 CheckEqual groups("mx").Name, "MX", "a group found by name, Item being the default member"
 
+' Every collection walks with For Each, in the order of its positions.
+Dim g, walked : walked = ""
+For Each g In groups
+    walked = walked & g.Name & ";"
+Next
+CheckEqual walked, "ZORB;MX;", "the menu groups walked with For Each"
+Dim m, menuCount : menuCount = 0
+For Each m In zorb.Menus
+    If m.Name = zorb.Menus.Item(menuCount).Name Then menuCount = menuCount + 1
+Next
+CheckEqual menuCount, zorb.Menus.Count, "the group's menus walked in order"
+Dim onBar : onBar = 0
+For Each m In app.MenuBar
+    If m.OnMenuBar Then onBar = onBar + 1
+Next
+CheckEqual onBar, app.MenuBar.Count, "the menu bar walked"
+Dim t, b, buttons : buttons = 0
+For Each t In mx.Toolbars
+    For Each b In t
+        buttons = buttons + 1
+    Next
+Next
+Check buttons > 0, "the buttons of the MX toolbars walked"
+Set g = Nothing : Set m = Nothing : Set t = Nothing : Set b = Nothing
+
 ' Menus and items: every menu of the group, every item of the first.
 Dim menus : Set menus = zorb.Menus
 Check menus.Count > 6, "the host's menus, the cursor menu among them"
-Dim i, labels : labels = 0
+Dim labels : labels = 0
 Dim file : Set file = menus.Item(0)
-For i = 0 To file.Count - 1
-    If file.Item(i).Type = 0 Then labels = labels + 1
+Dim entry
+For Each entry In file
+    If entry.Type = 0 Then labels = labels + 1
 Next
+Set entry = Nothing
 Check labels > 0, "the File menu has commands"
 CheckEqual file.Item(0).Macro <> "", True, "a command has its macro"
 

@@ -59,12 +59,40 @@ TEST_F(References, AFailedCallGivesNoReference)
     EXPECT_EQ(host().referencesHeld(), 0);
 }
 
+// The outputs of a call refused before it began (by a fault, or because its object's node left
+// the host) are cleared all the same: a caller that reads them after a failure finds nothing.
+TEST_F(References, ARefusedCallStillClearsItsOutputs)
+{
+    int somewhere = 0;
+    HostMenuGroupPtr mx = loadMx();
+    armFault(failingCall("HostMenuGroups.get_Count"));
+    LONG count = 42;
+    EXPECT_EQ(application()->GetMenuGroups()->get_Count(&count), module_testing::kInjectedStatus);
+    EXPECT_EQ(count, 0);
+
+    HostPopupMenuPtr menu = mx->GetMenus()->Item(indexOf(VT_I4, 0));
+    mx->Unload();
+    BSTR tag = reinterpret_cast<BSTR>(&somewhere);
+    EXPECT_EQ(menu->get_TagString(&tag), E_FAIL);
+    EXPECT_EQ(tag, nullptr);
+    VARIANT_BOOL onMenuBar = VARIANT_TRUE;
+    EXPECT_EQ(menu->get_OnMenuBar(&onMenuBar), E_FAIL);
+    EXPECT_EQ(onMenuBar, VARIANT_FALSE);
+    HostPopupMenuItem* item = reinterpret_cast<HostPopupMenuItem*>(&somewhere);
+    EXPECT_EQ(menu->raw_Item(indexOf(VT_I4, 0), &item), E_FAIL);
+    EXPECT_EQ(item, nullptr);
+}
+
 TEST(HostLifetime, AnObjectThatOutlivesItsHostFailsInsteadOfCrashing)
 {
     auto host = std::make_unique<sim::Host>();
     HostMenuGroupPtr zorb = group(L"ZORB");
+    HostMenuGroupsPtr groups = application()->GetMenuGroups();
     host.reset();
     EXPECT_EQ(failureOf([&] { zorb->GetName(); }).Error(), E_UNEXPECTED);
+    LONG count = 3;
+    EXPECT_EQ(groups->get_Count(&count), E_UNEXPECTED);
+    EXPECT_EQ(count, 0);
     EXPECT_EQ(zbedGetZorbWinApp(), nullptr);
 }
 

@@ -64,6 +64,7 @@ struct HostDocuments : IDispatch {
     virtual HRESULT STDMETHODCALLTYPE raw_Item(VARIANT index, HostDocument** document) = 0;
     virtual HRESULT STDMETHODCALLTYPE raw_Open(BSTR fileName, VARIANT readOnly, VARIANT password,
                                                HostDocument** document) = 0;
+    virtual HRESULT STDMETHODCALLTYPE raw__NewEnum(IUnknown** enumerator) = 0;
 
     LONG GetCount() { return host_call::value<LONG>(this, &HostDocuments::get_Count); }
     HostDocumentPtr Item(const _variant_t& index)
@@ -75,4 +76,5 @@ struct HostDocuments : IDispatch {
         return host_call::object<HostDocumentPtr>(this, &HostDocuments::raw_Open, static_cast<BSTR>(fileName),
                                                   host_call::argument(readOnly), host_call::argument(password));
     }
+    IUnknownPtr _NewEnum() { return host_call::object<IUnknownPtr>(this, &HostDocuments::raw__NewEnum); }
 };

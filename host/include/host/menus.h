@@ -37,6 +37,7 @@ struct HostPopupMenu : IDispatch {
     virtual HRESULT STDMETHODCALLTYPE raw_AddSeparator(VARIANT index, HostPopupMenuItem** item) = 0;
     virtual HRESULT STDMETHODCALLTYPE raw_InsertInMenuBar(VARIANT position) = 0;
     virtual HRESULT STDMETHODCALLTYPE raw_RemoveFromMenuBar() = 0;
+    virtual HRESULT STDMETHODCALLTYPE raw__NewEnum(IUnknown** enumerator) = 0;
 
     _bstr_t GetName();
     void PutName(const _bstr_t& name);
@@ -49,24 +50,29 @@ struct HostPopupMenu : IDispatch {
     HostPopupMenuItemPtr AddSeparator(const _variant_t& index);
     void InsertInMenuBar(const _variant_t& position);
     void RemoveFromMenuBar();
+    IUnknownPtr _NewEnum();
 };
 
 struct HostPopupMenus : IDispatch {
     virtual HRESULT STDMETHODCALLTYPE get_Count(LONG* count) = 0;
     virtual HRESULT STDMETHODCALLTYPE raw_Item(VARIANT index, HostPopupMenu** menu) = 0;
     virtual HRESULT STDMETHODCALLTYPE raw_AddMenu(BSTR name, HostPopupMenu** menu) = 0;
+    virtual HRESULT STDMETHODCALLTYPE raw__NewEnum(IUnknown** enumerator) = 0;
 
     LONG GetCount();
     HostPopupMenuPtr Item(const _variant_t& index);
     HostPopupMenuPtr AddMenu(const _bstr_t& name);
+    IUnknownPtr _NewEnum();
 };
 
 struct HostMenuBar : IDispatch {
     virtual HRESULT STDMETHODCALLTYPE get_Count(LONG* count) = 0;
     virtual HRESULT STDMETHODCALLTYPE raw_Item(VARIANT index, HostPopupMenu** menu) = 0;
+    virtual HRESULT STDMETHODCALLTYPE raw__NewEnum(IUnknown** enumerator) = 0;
 
     LONG GetCount();
     HostPopupMenuPtr Item(const _variant_t& index);
+    IUnknownPtr _NewEnum();
 };
 
 struct HostMenuGroup : IDispatch {
@@ -86,10 +92,12 @@ struct HostMenuGroups : IDispatch {
     virtual HRESULT STDMETHODCALLTYPE raw_Item(VARIANT index, HostMenuGroup** group) = 0;
     // baseMenu is optional: an empty variant loads the file as a group of its own.
     virtual HRESULT STDMETHODCALLTYPE raw_LoadMenuFile(BSTR menuFile, VARIANT baseMenu, HostMenuGroup** group) = 0;
+    virtual HRESULT STDMETHODCALLTYPE raw__NewEnum(IUnknown** enumerator) = 0;
 
     LONG GetCount();
     HostMenuGroupPtr Item(const _variant_t& index);
     HostMenuGroupPtr LoadMenuFile(const _bstr_t& menuFile, const _variant_t& baseMenu);
+    IUnknownPtr _NewEnum();
 };
 
 inline _bstr_t HostPopupMenuItem::GetLabel() { return host_call::text(this, &HostPopupMenuItem::get_Label); }
@@ -185,4 +193,20 @@ inline HostMenuGroupPtr HostMenuGroups::LoadMenuFile(const _bstr_t& menuFile, co
 {
     return host_call::object<HostMenuGroupPtr>(this, &HostMenuGroups::raw_LoadMenuFile, static_cast<BSTR>(menuFile),
                                                host_call::argument(baseMenu));
+}
+inline IUnknownPtr HostPopupMenu::_NewEnum()
+{
+    return host_call::object<IUnknownPtr>(this, &HostPopupMenu::raw__NewEnum);
+}
+inline IUnknownPtr HostPopupMenus::_NewEnum()
+{
+    return host_call::object<IUnknownPtr>(this, &HostPopupMenus::raw__NewEnum);
+}
+inline IUnknownPtr HostMenuBar::_NewEnum()
+{
+    return host_call::object<IUnknownPtr>(this, &HostMenuBar::raw__NewEnum);
+}
+inline IUnknownPtr HostMenuGroups::_NewEnum()
+{
+    return host_call::object<IUnknownPtr>(this, &HostMenuGroups::raw__NewEnum);
 }

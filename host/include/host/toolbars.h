@@ -45,6 +45,7 @@ struct HostToolbar : IDispatch {
     virtual HRESULT STDMETHODCALLTYPE raw_Item(VARIANT index, HostToolbarItem** button) = 0;
     virtual HRESULT STDMETHODCALLTYPE raw_AddButton(VARIANT index, BSTR name, BSTR helpString, BSTR macro,
                                                     HostToolbarItem** button) = 0;
+    virtual HRESULT STDMETHODCALLTYPE raw__NewEnum(IUnknown** enumerator) = 0;
 
     _bstr_t GetName() { return host_call::text(this, &HostToolbar::get_Name); }
     _bstr_t GetTagString() { return host_call::text(this, &HostToolbar::get_TagString); }
@@ -68,15 +69,18 @@ struct HostToolbar : IDispatch {
                                                      static_cast<BSTR>(name), static_cast<BSTR>(helpString),
                                                      static_cast<BSTR>(macro));
     }
+    IUnknownPtr _NewEnum() { return host_call::object<IUnknownPtr>(this, &HostToolbar::raw__NewEnum); }
 };
 
 struct HostToolbars : IDispatch {
     virtual HRESULT STDMETHODCALLTYPE get_Count(LONG* count) = 0;
     virtual HRESULT STDMETHODCALLTYPE raw_Item(VARIANT index, HostToolbar** toolbar) = 0;
+    virtual HRESULT STDMETHODCALLTYPE raw__NewEnum(IUnknown** enumerator) = 0;
 
     LONG GetCount() { return host_call::value<LONG>(this, &HostToolbars::get_Count); }
     HostToolbarPtr Item(const _variant_t& index)
     {
         return host_call::object<HostToolbarPtr>(this, &HostToolbars::raw_Item, host_call::argument(index));
     }
+    IUnknownPtr _NewEnum() { return host_call::object<IUnknownPtr>(this, &HostToolbars::raw__NewEnum); }
 };

@@ -138,7 +138,7 @@ public:
         }
         *function = new FUNCDESC{member.id,        parameters, FUNC_DISPATCH, member.kind, member.parameterCount,
                                  optional,         ELEMDESC{{member.resultType}, {PARAMFLAG_NONE}},
-                                 0};
+                                 member.flags};
         return S_OK;
     }
 

@@ -15,7 +15,7 @@ public:
     HRESULT STDMETHODCALLTYPE get_Preferences(HostPreferences** preferences) override
     {
         Call call = begin("HostApplication.get_Preferences");
-        if (call.refused() || !call.accepts(preferences))
+        if (!call.accepts(preferences))
             return call.status();
         return call.giveObject(preferences, [&] { return newPreferences(sharedCore()); });
     }
@@ -23,7 +23,7 @@ public:
     HRESULT STDMETHODCALLTYPE get_MenuGroups(HostMenuGroups** groups) override
     {
         Call call = begin("HostApplication.get_MenuGroups");
-        if (call.refused() || !call.accepts(groups))
+        if (!call.accepts(groups))
             return call.status();
         return call.giveObject(groups, [&] { return newMenuGroups(sharedCore()); });
     }
@@ -31,7 +31,7 @@ public:
     HRESULT STDMETHODCALLTYPE get_MenuBar(HostMenuBar** menuBar) override
     {
         Call call = begin("HostApplication.get_MenuBar");
-        if (call.refused() || !call.accepts(menuBar))
+        if (!call.accepts(menuBar))
             return call.status();
         return call.giveObject(menuBar, [&] { return newMenuBar(sharedCore()); });
     }
@@ -40,7 +40,7 @@ public:
     HRESULT STDMETHODCALLTYPE get_ActiveDocument(HostDocument** document) override
     {
         Call call = begin("HostApplication.get_ActiveDocument");
-        if (call.refused() || !call.accepts(document))
+        if (!call.accepts(document))
             return call.status();
         return call.giveObject(document, [&] { return newDocument(sharedCore(), state().activeDocument); });
     }
@@ -48,7 +48,7 @@ public:
     HRESULT STDMETHODCALLTYPE get_Documents(HostDocuments** documents) override
     {
         Call call = begin("HostApplication.get_Documents");
-        if (call.refused() || !call.accepts(documents))
+        if (!call.accepts(documents))
             return call.status();
         return call.giveObject(documents, [&] { return newDocuments(sharedCore()); });
     }

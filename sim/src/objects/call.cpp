@@ -59,6 +59,12 @@ HRESULT Call::succeed()
     return m_verdict.success;
 }
 
+HRESULT Call::succeedInPart()
+{
+    end(S_FALSE);
+    return S_FALSE;
+}
+
 HRESULT Call::fail(HRESULT status, const std::wstring& description)
 {
     if (const auto origin = m_subject.errorOrigin())

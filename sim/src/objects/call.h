@@ -48,11 +48,15 @@ public:
     bool refused() const { return m_ended; }
     HRESULT status() const { return m_status; }
 
-    // An output the call writes: a null pointer ends the call with E_POINTER, otherwise the
-    // output starts cleared, as a failed call leaves it.
+    // Whether the call goes on to write `output`. The output is cleared first, whatever happens,
+    // as a failed call must leave it: false when the call has already ended (refused) or when
+    // `output` is null (the call then ends with E_POINTER).
     template <class T> bool accepts(T* output);
 
     HRESULT succeed();
+    // Ends a call that did less than it was asked (an enumeration with fewer members left than
+    // were asked for): S_FALSE.
+    HRESULT succeedInPart();
     HRESULT fail(HRESULT status, const std::wstring& description);
 
     // Each ends the call giving its result: an object (none when a fault withholds it), a text, a
@@ -92,11 +96,14 @@ private:
 
 template <class T> bool Call::accepts(T* output)
 {
+    if (output != nullptr)
+        *output = T{};
+    if (m_ended)
+        return false;
     if (output == nullptr) {
         fail(E_POINTER, L"no place to store the result was given");
         return false;
     }
-    *output = T{};
     return true;
 }
 

@@ -54,7 +54,7 @@ std::wstring refusalReason(HRESULT refused, const std::wstring& file)
     return L"drawing '" + file + L"' needs another password";
 }
 
-class DocumentsObject final : public HostObject<HostDocuments> {
+class DocumentsObject final : public HostObject<HostDocuments>, public EnumerableCollection {
 public:
     explicit DocumentsObject(const CorePtr& core) : HostObject(core) {}
 
@@ -63,23 +63,22 @@ public:
     HRESULT STDMETHODCALLTYPE get_Count(LONG* count) override
     {
         Call call = begin("HostDocuments.get_Count");
-        if (call.refused() || !call.accepts(count))
+        if (!call.accepts(count))
             return call.status();
-        return call.giveValue(count, static_cast<LONG>(state().documents.size()));
+        return call.giveValue(count, static_cast<LONG>(memberCount()));
     }
 
     HRESULT STDMETHODCALLTYPE raw_Item(VARIANT index, HostDocument** document) override
     {
         Call call = begin("HostDocuments.Item", {Arg::variant(index)});
-        if (call.refused() || !call.accepts(document))
+        if (!call.accepts(document))
             return call.status();
         const auto& documents = state().documents;
         size_t position = 0;
         if (!findPosition(call, index, kDocumentPosition, documents, L"open drawing", namesDocument,
                           position))
             return call.status();
-        core().seats.remember(documents, position);
-        return call.giveObject(document, [&] { return newDocument(sharedCore(), documents[position]); });
+        return call.giveObject(document, [&] { return memberAt(position); });
     }
 
     // The drawing opened becomes the active one, read-only when asked, and keeps the DWGCHECK value
@@ -90,7 +89,7 @@ public:
     {
         Call call = begin("HostDocuments.Open",
                           {Arg::text(fileName), Arg::variant(readOnly), Arg::variant(password)});
-        if (call.refused() || !call.accepts(document))
+        if (!call.accepts(document))
             return call.status();
         bool readOnlyWanted = false;
         std::wstring passwordGiven;
@@ -128,8 +127,23 @@ public:
         return call.giveObject(document, [&] { return newDocument(sharedCore(), opened); });
     }
 
+    HRESULT STDMETHODCALLTYPE raw__NewEnum(IUnknown** enumeration) override
+    {
+        return giveEnumeration("HostDocuments._NewEnum", *this, enumeration);
+    }
+
+    size_t memberCount() const override { return state().documents.size(); }
+    IDispatch* newMember(size_t position) override { return memberAt(position); }
+
 protected:
     const char* interfaceName() const override { return "HostDocuments"; }
+
+private:
+    HostDocument* memberAt(size_t position)
+    {
+        core().seats.remember(state().documents, position);
+        return newDocument(sharedCore(), state().documents[position]);
+    }
 };
 
 class DocumentObject final : public HostObject<HostDocument> {
@@ -145,7 +159,7 @@ public:
     HRESULT STDMETHODCALLTYPE get_FullFileName(BSTR* fullName) override
     {
         Call call = begin("HostDocument.get_FullFileName");
-        if (call.refused() || !call.accepts(fullName))
+        if (!call.accepts(fullName))
             return call.status();
         return call.giveText(fullName, m_document->fullFileName);
     }
@@ -188,7 +202,7 @@ public:
     HRESULT STDMETHODCALLTYPE get_Plot(HostPlot** plot) override
     {
         Call call = begin("HostDocument.get_Plot");
-        if (call.refused() || !call.accepts(plot))
+        if (!call.accepts(plot))
             return call.status();
         return call.giveObject(plot, [&] { return newPlot(sharedCore(), m_document); });
     }
@@ -196,7 +210,7 @@ public:
     HRESULT STDMETHODCALLTYPE get_ActiveLayout(HostLayout** layout) override
     {
         Call call = begin("HostDocument.get_ActiveLayout");
-        if (call.refused() || !call.accepts(layout))
+        if (!call.accepts(layout))
             return call.status();
         return call.giveObject(layout,
                                [&] { return newLayout(sharedCore(), m_document, m_document->activeLayout); });

@@ -6,8 +6,9 @@
 #include "fault_plan.h"
 #include "host_core.h"
 #include "objects/call.h"
+#include "objects/enumeration.h"
+#include "objects/host_references.h"
 #include "objects/late_binding.h"
-#include "objects/release_record.h"
 #include "text.h"
 
 #include "host/object_model.h"
@@ -40,19 +41,11 @@ public:
         return S_OK;
     }
 
-    ULONG STDMETHODCALLTYPE AddRef() override
-    {
-        ++m_core->references;
-        return ++m_references;
-    }
+    ULONG STDMETHODCALLTYPE AddRef() override { return m_references.add(); }
 
     ULONG STDMETHODCALLTYPE Release() override
     {
-        // Asked first here: every copy of a reference passes through, and the name is a virtual call.
-        if (m_core->journal.recordsReleases())
-            journalRelease(*m_core, *this, interfaceName());
-        --m_core->references;
-        const ULONG left = --m_references;
+        const ULONG left = m_references.release(*this, [this] { return interfaceName(); });
         if (left == 0)
             delete this;
         return left;
@@ -69,7 +62,7 @@ public:
     }
 
 protected:
-    explicit HostObject(std::shared_ptr<HostCore> core) : m_core(std::move(core)) { ++m_core->references; }
+    explicit HostObject(std::shared_ptr<HostCore> core) : m_core(std::move(core)), m_references(*m_core) {}
     virtual ~HostObject() = default;
 
     // The interface's name, which starts the object's journal name.
@@ -85,6 +78,16 @@ protected:
                Call::WhenGone whenGone = Call::WhenGone::fails)
     {
         return Call(*m_core, *this, method, arguments, whenGone);
+    }
+
+    // The answer of a collection's _NewEnum (`method`): an enumeration of `members`, this object's.
+    HRESULT giveEnumeration(const char* method, EnumerableCollection& members, IUnknown** enumeration)
+    {
+        Call call = begin(method);
+        if (!call.accepts(enumeration))
+            return call.status();
+        return call.giveObject(enumeration,
+                               [&] { return newEnumeration(m_core, static_cast<Interface*>(this), *this, members); });
     }
 
 private:
@@ -104,7 +107,7 @@ private:
     }
 
     std::shared_ptr<HostCore> m_core;
-    ULONG m_references = 1;
+    HostReferenceCount m_references;
 };
 
 }  // namespace sim::detail

@@ -18,7 +18,7 @@ std::unordered_set<const PopupMenu*> menusOf(const MenuGroup& group)
     return menus;
 }
 
-class MenuGroupsObject final : public HostObject<HostMenuGroups> {
+class MenuGroupsObject final : public HostObject<HostMenuGroups>, public EnumerableCollection {
 public:
     explicit MenuGroupsObject(const CorePtr& core) : HostObject(core) {}
 
@@ -27,23 +27,22 @@ public:
     HRESULT STDMETHODCALLTYPE get_Count(LONG* count) override
     {
         Call call = begin("HostMenuGroups.get_Count");
-        if (call.refused() || !call.accepts(count))
+        if (!call.accepts(count))
             return call.status();
-        return call.giveValue(count, static_cast<LONG>(state().menuGroups.size()));
+        return call.giveValue(count, static_cast<LONG>(memberCount()));
     }
 
     HRESULT STDMETHODCALLTYPE raw_Item(VARIANT index, HostMenuGroup** group) override
     {
         Call call = begin("HostMenuGroups.Item", {Arg::variant(index)});
-        if (call.refused() || !call.accepts(group))
+        if (!call.accepts(group))
             return call.status();
         const auto& groups = state().menuGroups;
         size_t position = 0;
         if (!findPosition(call, index, kMenuPosition, groups, L"menu group", namedBy(&MenuGroup::name),
                           position))
             return call.status();
-        core().seats.remember(groups, position);
-        return call.giveObject(group, [&] { return newMenuGroup(sharedCore(), groups[position]); });
+        return call.giveObject(group, [&] { return memberAt(position); });
     }
 
     // The file is found by its path as the host compares paths; its group loads as a fresh copy of
@@ -52,7 +51,7 @@ public:
                                                HostMenuGroup** group) override
     {
         Call call = begin("HostMenuGroups.LoadMenuFile", {Arg::text(menuFile), Arg::variant(baseMenu)});
-        if (call.refused() || !call.accepts(group))
+        if (!call.accepts(group))
             return call.status();
         // The interface documents an empty base-menu argument as "not the base menu".
         bool asBaseMenu = false;
@@ -78,8 +77,23 @@ public:
         return call.giveObject(group, [&] { return newMenuGroup(sharedCore(), state().menuGroups.back()); });
     }
 
+    HRESULT STDMETHODCALLTYPE raw__NewEnum(IUnknown** enumeration) override
+    {
+        return giveEnumeration("HostMenuGroups._NewEnum", *this, enumeration);
+    }
+
+    size_t memberCount() const override { return state().menuGroups.size(); }
+    IDispatch* newMember(size_t position) override { return memberAt(position); }
+
 protected:
     const char* interfaceName() const override { return "HostMenuGroups"; }
+
+private:
+    HostMenuGroup* memberAt(size_t position)
+    {
+        core().seats.remember(state().menuGroups, position);
+        return newMenuGroup(sharedCore(), state().menuGroups[position]);
+    }
 };
 
 class MenuGroupObject final : public HostObject<HostMenuGroup> {
@@ -96,7 +110,7 @@ public:
     {
         // An unloaded group still tells its name; everything else it is asked fails.
         Call call = begin("HostMenuGroup.get_Name", {}, Call::WhenGone::answers);
-        if (call.refused() || !call.accepts(name))
+        if (!call.accepts(name))
             return call.status();
         return call.giveText(name, m_group->name);
     }
@@ -104,7 +118,7 @@ public:
     HRESULT STDMETHODCALLTYPE get_Menus(HostPopupMenus** menus) override
     {
         Call call = begin("HostMenuGroup.get_Menus");
-        if (call.refused() || !call.accepts(menus))
+        if (!call.accepts(menus))
             return call.status();
         return call.giveObject(menus, [&] { return newPopupMenus(sharedCore(), m_group); });
     }
@@ -112,7 +126,7 @@ public:
     HRESULT STDMETHODCALLTYPE get_Toolbars(HostToolbars** toolbars) override
     {
         Call call = begin("HostMenuGroup.get_Toolbars");
-        if (call.refused() || !call.accepts(toolbars))
+        if (!call.accepts(toolbars))
             return call.status();
         return call.giveObject(toolbars, [&] { return newToolbars(sharedCore(), m_group); });
     }

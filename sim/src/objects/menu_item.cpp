@@ -19,7 +19,7 @@ public:
     HRESULT STDMETHODCALLTYPE get_Label(BSTR* label) override
     {
         Call call = begin("HostPopupMenuItem.get_Label");
-        if (call.refused() || !call.accepts(label))
+        if (!call.accepts(label))
             return call.status();
         return call.giveText(label, m_item->label);
     }
@@ -41,7 +41,7 @@ public:
     HRESULT STDMETHODCALLTYPE get_Macro(BSTR* macro) override
     {
         Call call = begin("HostPopupMenuItem.get_Macro");
-        if (call.refused() || !call.accepts(macro))
+        if (!call.accepts(macro))
             return call.status();
         return call.giveText(macro, m_item->macro);
     }
@@ -49,7 +49,7 @@ public:
     HRESULT STDMETHODCALLTYPE get_Type(LONG* type) override
     {
         Call call = begin("HostPopupMenuItem.get_Type");
-        if (call.refused() || !call.accepts(type))
+        if (!call.accepts(type))
             return call.status();
         return call.giveValue(type, static_cast<LONG>(m_item->type));
     }
@@ -57,7 +57,7 @@ public:
     HRESULT STDMETHODCALLTYPE get_SubMenu(HostPopupMenu** subMenu) override
     {
         Call call = begin("HostPopupMenuItem.get_SubMenu");
-        if (call.refused() || !call.accepts(subMenu))
+        if (!call.accepts(subMenu))
             return call.status();
         if (m_item->type != ItemType::submenu)
             return call.fail(E_FAIL, L"menu item '" + m_item->label + L"' is not a submenu");
@@ -67,7 +67,7 @@ public:
     HRESULT STDMETHODCALLTYPE get_Enabled(VARIANT_BOOL* enabled) override
     {
         Call call = begin("HostPopupMenuItem.get_Enabled");
-        if (call.refused() || !call.accepts(enabled))
+        if (!call.accepts(enabled))
             return call.status();
         return call.giveValue(enabled, m_item->enabled ? VARIANT_TRUE : VARIANT_FALSE);
     }

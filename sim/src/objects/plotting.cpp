@@ -27,7 +27,7 @@ public:
     HRESULT STDMETHODCALLTYPE get_Name(BSTR* name) override
     {
         Call call = begin("HostLayout.get_Name");
-        if (call.refused() || !call.accepts(name))
+        if (!call.accepts(name))
             return call.status();
         return call.giveText(name, m_layout->name);
     }
@@ -48,7 +48,7 @@ public:
     HRESULT STDMETHODCALLTYPE get_PlotType(LONG* plotType) override
     {
         Call call = begin("HostLayout.get_PlotType");
-        if (call.refused() || !call.accepts(plotType))
+        if (!call.accepts(plotType))
             return call.status();
         return call.giveValue(plotType, static_cast<LONG>(m_layout->plotType));
     }
@@ -136,7 +136,7 @@ public:
     HRESULT STDMETHODCALLTYPE raw_PlotToDevice(VARIANT device, VARIANT_BOOL* plotted) override
     {
         Call call = begin("HostPlot.PlotToDevice", {Arg::variant(device)});
-        if (call.refused() || !call.accepts(plotted))
+        if (!call.accepts(plotted))
             return call.status();
         PlotJob job;
         if (!isMissing(call, device)) {

@@ -6,7 +6,7 @@
 namespace sim::detail {
 namespace {
 
-class PopupMenuObject final : public HostObject<HostPopupMenu> {
+class PopupMenuObject final : public HostObject<HostPopupMenu>, public EnumerableCollection {
 public:
     PopupMenuObject(const CorePtr& core, MenuPlace place) : HostObject(core), m_place(std::move(place)) {}
 
@@ -16,7 +16,7 @@ public:
     HRESULT STDMETHODCALLTYPE get_Name(BSTR* name) override
     {
         Call call = begin("HostPopupMenu.get_Name");
-        if (call.refused() || !call.accepts(name))
+        if (!call.accepts(name))
             return call.status();
         return call.giveText(name, m_place.menu->name);
     }
@@ -38,7 +38,7 @@ public:
     HRESULT STDMETHODCALLTYPE get_TagString(BSTR* tag) override
     {
         Call call = begin("HostPopupMenu.get_TagString");
-        if (call.refused() || !call.accepts(tag))
+        if (!call.accepts(tag))
             return call.status();
         return call.giveText(tag, m_place.menu->tag);
     }
@@ -46,7 +46,7 @@ public:
     HRESULT STDMETHODCALLTYPE get_OnMenuBar(VARIANT_BOOL* onMenuBar) override
     {
         Call call = begin("HostPopupMenu.get_OnMenuBar");
-        if (call.refused() || !call.accepts(onMenuBar))
+        if (!call.accepts(onMenuBar))
             return call.status();
         return call.giveValue(onMenuBar, isOnMenuBar() ? VARIANT_TRUE : VARIANT_FALSE);
     }
@@ -54,24 +54,22 @@ public:
     HRESULT STDMETHODCALLTYPE get_Count(LONG* count) override
     {
         Call call = begin("HostPopupMenu.get_Count");
-        if (call.refused() || !call.accepts(count))
+        if (!call.accepts(count))
             return call.status();
-        return call.giveValue(count, static_cast<LONG>(m_place.menu->items.size()));
+        return call.giveValue(count, static_cast<LONG>(memberCount()));
     }
 
     HRESULT STDMETHODCALLTYPE raw_Item(VARIANT index, HostPopupMenuItem** item) override
     {
         Call call = begin("HostPopupMenu.Item", {Arg::variant(index)});
-        if (call.refused() || !call.accepts(item))
+        if (!call.accepts(item))
             return call.status();
         const auto& items = m_place.menu->items;
         size_t position = 0;
         if (!findPosition(call, index, kMenuPosition, items, L"menu item", namedBy(&PopupMenuItem::label),
                           position))
             return call.status();
-        core().seats.remember(items, position);
-        return call.giveObject(item,
-                               [&] { return newPopupMenuItem(sharedCore(), m_place, items[position]); });
+        return call.giveObject(item, [&] { return memberAt(position); });
     }
 
     HRESULT STDMETHODCALLTYPE raw_AddMenuItem(VARIANT index, BSTR label, BSTR macro,
@@ -79,7 +77,7 @@ public:
     {
         Call call =
             begin("HostPopupMenu.AddMenuItem", {Arg::variant(index), Arg::text(label), Arg::text(macro)});
-        if (call.refused() || !call.accepts(item))
+        if (!call.accepts(item))
             return call.status();
         auto added = std::make_shared<PopupMenuItem>();
         added->type = ItemType::command;
@@ -93,7 +91,7 @@ public:
     HRESULT STDMETHODCALLTYPE raw_AddSubMenu(VARIANT index, BSTR label, HostPopupMenu** subMenu) override
     {
         Call call = begin("HostPopupMenu.AddSubMenu", {Arg::variant(index), Arg::text(label)});
-        if (call.refused() || !call.accepts(subMenu))
+        if (!call.accepts(subMenu))
             return call.status();
         if (SysStringLen(label) == 0)
             return call.fail(E_INVALIDARG, L"a submenu needs a label");
@@ -110,7 +108,7 @@ public:
     HRESULT STDMETHODCALLTYPE raw_AddSeparator(VARIANT index, HostPopupMenuItem** item) override
     {
         Call call = begin("HostPopupMenu.AddSeparator", {Arg::variant(index)});
-        if (call.refused() || !call.accepts(item))
+        if (!call.accepts(item))
             return call.status();
         auto added = std::make_shared<PopupMenuItem>();
         added->type = ItemType::separator;
@@ -149,10 +147,25 @@ public:
         return call.succeed();
     }
 
+    HRESULT STDMETHODCALLTYPE raw__NewEnum(IUnknown** enumeration) override
+    {
+        return giveEnumeration("HostPopupMenu._NewEnum", *this, enumeration);
+    }
+
+    size_t memberCount() const override { return m_place.menu->items.size(); }
+    IDispatch* newMember(size_t position) override { return memberAt(position); }
+
 protected:
     const char* interfaceName() const override { return "HostPopupMenu"; }
 
 private:
+    HostPopupMenuItem* memberAt(size_t position)
+    {
+        const auto& items = m_place.menu->items;
+        core().seats.remember(items, position);
+        return newPopupMenuItem(sharedCore(), m_place, items[position]);
+    }
+
     bool isOnMenuBar() const
     {
         return m_place.submenuItems.empty() && core().seats.contains(state().menuBar, m_place.menu.get());

@@ -6,7 +6,7 @@
 namespace sim::detail {
 namespace {
 
-class PopupMenusObject final : public HostObject<HostPopupMenus> {
+class PopupMenusObject final : public HostObject<HostPopupMenus>, public EnumerableCollection {
 public:
     PopupMenusObject(const CorePtr& core, std::shared_ptr<MenuGroup> group)
         : HostObject(core), m_group(std::move(group))
@@ -19,32 +19,28 @@ public:
     HRESULT STDMETHODCALLTYPE get_Count(LONG* count) override
     {
         Call call = begin("HostPopupMenus.get_Count");
-        if (call.refused() || !call.accepts(count))
+        if (!call.accepts(count))
             return call.status();
-        return call.giveValue(count, static_cast<LONG>(m_group->menus.size()));
+        return call.giveValue(count, static_cast<LONG>(memberCount()));
     }
 
     HRESULT STDMETHODCALLTYPE raw_Item(VARIANT index, HostPopupMenu** menu) override
     {
         Call call = begin("HostPopupMenus.Item", {Arg::variant(index)});
-        if (call.refused() || !call.accepts(menu))
+        if (!call.accepts(menu))
             return call.status();
         size_t position = 0;
         if (!findPosition(call, index, kMenuPosition, m_group->menus, L"menu", namedBy(&PopupMenu::name),
                           position))
             return call.status();
-        core().seats.remember(m_group->menus, position);
-        const auto& found = m_group->menus[position];
-        return call.giveObject(menu, [&] {
-            return newPopupMenu(sharedCore(), MenuPlace{m_group, found, {}, found});
-        });
+        return call.giveObject(menu, [&] { return memberAt(position); });
     }
 
     // A new menu goes after the group's menus, off the menu bar; names need not be unique.
     HRESULT STDMETHODCALLTYPE raw_AddMenu(BSTR name, HostPopupMenu** menu) override
     {
         Call call = begin("HostPopupMenus.AddMenu", {Arg::text(name)});
-        if (call.refused() || !call.accepts(menu))
+        if (!call.accepts(menu))
             return call.status();
         if (SysStringLen(name) == 0)
             return call.fail(E_INVALIDARG, L"a new menu needs a name");
@@ -59,14 +55,29 @@ public:
         });
     }
 
+    HRESULT STDMETHODCALLTYPE raw__NewEnum(IUnknown** enumeration) override
+    {
+        return giveEnumeration("HostPopupMenus._NewEnum", *this, enumeration);
+    }
+
+    size_t memberCount() const override { return m_group->menus.size(); }
+    IDispatch* newMember(size_t position) override { return memberAt(position); }
+
 protected:
     const char* interfaceName() const override { return "HostPopupMenus"; }
 
 private:
+    HostPopupMenu* memberAt(size_t position)
+    {
+        core().seats.remember(m_group->menus, position);
+        const auto& found = m_group->menus[position];
+        return newPopupMenu(sharedCore(), MenuPlace{m_group, found, {}, found});
+    }
+
     std::shared_ptr<MenuGroup> m_group;
 };
 
-class MenuBarObject final : public HostObject<HostMenuBar> {
+class MenuBarObject final : public HostObject<HostMenuBar>, public EnumerableCollection {
 public:
     explicit MenuBarObject(const CorePtr& core) : HostObject(core) {}
 
@@ -75,29 +86,41 @@ public:
     HRESULT STDMETHODCALLTYPE get_Count(LONG* count) override
     {
         Call call = begin("HostMenuBar.get_Count");
-        if (call.refused() || !call.accepts(count))
+        if (!call.accepts(count))
             return call.status();
-        return call.giveValue(count, static_cast<LONG>(state().menuBar.size()));
+        return call.giveValue(count, static_cast<LONG>(memberCount()));
     }
 
     HRESULT STDMETHODCALLTYPE raw_Item(VARIANT index, HostPopupMenu** menu) override
     {
         Call call = begin("HostMenuBar.Item", {Arg::variant(index)});
-        if (call.refused() || !call.accepts(menu))
+        if (!call.accepts(menu))
             return call.status();
         size_t position = 0;
         if (!findPosition(call, index, kMenuPosition, state().menuBar, L"menu on the menu bar",
                           namedBy(&PopupMenu::name), position))
             return call.status();
-        core().seats.remember(state().menuBar, position);
-        const auto& found = state().menuBar[position];
-        return call.giveObject(menu, [&] {
-            return found ? newPopupMenu(sharedCore(), placeOfTopMenu(core(), found)) : nullptr;
-        });
+        return call.giveObject(menu, [&] { return memberAt(position); });
     }
+
+    HRESULT STDMETHODCALLTYPE raw__NewEnum(IUnknown** enumeration) override
+    {
+        return giveEnumeration("HostMenuBar._NewEnum", *this, enumeration);
+    }
+
+    size_t memberCount() const override { return state().menuBar.size(); }
+    IDispatch* newMember(size_t position) override { return memberAt(position); }
 
 protected:
     const char* interfaceName() const override { return "HostMenuBar"; }
+
+private:
+    HostPopupMenu* memberAt(size_t position)
+    {
+        core().seats.remember(state().menuBar, position);
+        const auto& found = state().menuBar[position];
+        return found ? newPopupMenu(sharedCore(), placeOfTopMenu(core(), found)) : nullptr;
+    }
 };
 
 }  // namespace

@@ -14,7 +14,7 @@ public:
     HRESULT STDMETHODCALLTYPE get_Files(HostPreferencesFiles** files) override
     {
         Call call = begin("HostPreferences.get_Files");
-        if (call.refused() || !call.accepts(files))
+        if (!call.accepts(files))
             return call.status();
         return call.giveObject(files, [&] { return newPreferencesFiles(sharedCore()); });
     }
@@ -75,7 +75,7 @@ private:
     HRESULT read(const char* method, Location location, BSTR* path)
     {
         Call call = begin(method);
-        if (call.refused() || !call.accepts(path))
+        if (!call.accepts(path))
             return call.status();
         return call.giveText(path, state().preferences.*location);
     }

@@ -20,7 +20,7 @@ public:
     HRESULT STDMETHODCALLTYPE get_Name(BSTR* name) override
     {
         Call call = begin("HostToolbarItem.get_Name");
-        if (call.refused() || !call.accepts(name))
+        if (!call.accepts(name))
             return call.status();
         return call.giveText(name, m_button->name);
     }
@@ -28,7 +28,7 @@ public:
     HRESULT STDMETHODCALLTYPE get_TagString(BSTR* tag) override
     {
         Call call = begin("HostToolbarItem.get_TagString");
-        if (call.refused() || !call.accepts(tag))
+        if (!call.accepts(tag))
             return call.status();
         return call.giveText(tag, m_button->tag);
     }
@@ -45,7 +45,7 @@ public:
     HRESULT STDMETHODCALLTYPE get_Index(LONG* index) override
     {
         Call call = begin("HostToolbarItem.get_Index");
-        if (call.refused() || !call.accepts(index))
+        if (!call.accepts(index))
             return call.status();
         return call.giveValue(index,
                               static_cast<LONG>(core().seats.find(m_toolbar.toolbar->buttons, m_button.get())));

@@ -6,7 +6,7 @@
 namespace sim::detail {
 namespace {
 
-class ToolbarsObject final : public HostObject<HostToolbars> {
+class ToolbarsObject final : public HostObject<HostToolbars>, public EnumerableCollection {
 public:
     ToolbarsObject(const CorePtr& core, std::shared_ptr<MenuGroup> group)
         : HostObject(core), m_group(std::move(group))
@@ -19,35 +19,46 @@ public:
     HRESULT STDMETHODCALLTYPE get_Count(LONG* count) override
     {
         Call call = begin("HostToolbars.get_Count");
-        if (call.refused() || !call.accepts(count))
+        if (!call.accepts(count))
             return call.status();
-        return call.giveValue(count, static_cast<LONG>(m_group->toolbars.size()));
+        return call.giveValue(count, static_cast<LONG>(memberCount()));
     }
 
     HRESULT STDMETHODCALLTYPE raw_Item(VARIANT index, HostToolbar** toolbar) override
     {
         Call call = begin("HostToolbars.Item", {Arg::variant(index)});
-        if (call.refused() || !call.accepts(toolbar))
+        if (!call.accepts(toolbar))
             return call.status();
         const auto& toolbars = m_group->toolbars;
         size_t position = 0;
         if (!findPosition(call, index, kToolbarPosition, toolbars, L"toolbar", namedBy(&Toolbar::name),
                           position))
             return call.status();
-        core().seats.remember(toolbars, position);
-        return call.giveObject(toolbar, [&] {
-            return newToolbar(sharedCore(), ToolbarPlace{m_group, toolbars[position]});
-        });
+        return call.giveObject(toolbar, [&] { return memberAt(position); });
     }
+
+    HRESULT STDMETHODCALLTYPE raw__NewEnum(IUnknown** enumeration) override
+    {
+        return giveEnumeration("HostToolbars._NewEnum", *this, enumeration);
+    }
+
+    size_t memberCount() const override { return m_group->toolbars.size(); }
+    IDispatch* newMember(size_t position) override { return memberAt(position); }
 
 protected:
     const char* interfaceName() const override { return "HostToolbars"; }
 
 private:
+    HostToolbar* memberAt(size_t position)
+    {
+        core().seats.remember(m_group->toolbars, position);
+        return newToolbar(sharedCore(), ToolbarPlace{m_group, m_group->toolbars[position]});
+    }
+
     std::shared_ptr<MenuGroup> m_group;
 };
 
-class ToolbarObject final : public HostObject<HostToolbar> {
+class ToolbarObject final : public HostObject<HostToolbar>, public EnumerableCollection {
 public:
     ToolbarObject(const CorePtr& core, ToolbarPlace place) : HostObject(core), m_place(std::move(place)) {}
 
@@ -57,7 +68,7 @@ public:
     HRESULT STDMETHODCALLTYPE get_Name(BSTR* name) override
     {
         Call call = begin("HostToolbar.get_Name");
-        if (call.refused() || !call.accepts(name))
+        if (!call.accepts(name))
             return call.status();
         return call.giveText(name, toolbar().name);
     }
@@ -65,7 +76,7 @@ public:
     HRESULT STDMETHODCALLTYPE get_TagString(BSTR* tag) override
     {
         Call call = begin("HostToolbar.get_TagString");
-        if (call.refused() || !call.accepts(tag))
+        if (!call.accepts(tag))
             return call.status();
         return call.giveText(tag, toolbar().tag);
     }
@@ -73,7 +84,7 @@ public:
     HRESULT STDMETHODCALLTYPE get_Visible(VARIANT_BOOL* visible) override
     {
         Call call = begin("HostToolbar.get_Visible");
-        if (call.refused() || !call.accepts(visible))
+        if (!call.accepts(visible))
             return call.status();
         return call.giveValue(visible, toolbar().visible ? VARIANT_TRUE : VARIANT_FALSE);
     }
@@ -135,24 +146,22 @@ public:
     HRESULT STDMETHODCALLTYPE get_Count(LONG* count) override
     {
         Call call = begin("HostToolbar.get_Count");
-        if (call.refused() || !call.accepts(count))
+        if (!call.accepts(count))
             return call.status();
-        return call.giveValue(count, static_cast<LONG>(toolbar().buttons.size()));
+        return call.giveValue(count, static_cast<LONG>(memberCount()));
     }
 
     HRESULT STDMETHODCALLTYPE raw_Item(VARIANT index, HostToolbarItem** button) override
     {
         Call call = begin("HostToolbar.Item", {Arg::variant(index)});
-        if (call.refused() || !call.accepts(button))
+        if (!call.accepts(button))
             return call.status();
         const auto& buttons = toolbar().buttons;
         size_t position = 0;
         if (!findPosition(call, index, kToolbarPosition, buttons, L"toolbar button",
                           namedBy(&ToolbarButton::name), position))
             return call.status();
-        core().seats.remember(buttons, position);
-        return call.giveObject(button,
-                               [&] { return newToolbarItem(sharedCore(), m_place, buttons[position]); });
+        return call.giveObject(button, [&] { return memberAt(position); });
     }
 
     HRESULT STDMETHODCALLTYPE raw_AddButton(VARIANT index, BSTR name, BSTR helpString, BSTR macro,
@@ -160,7 +169,7 @@ public:
     {
         Call call = begin("HostToolbar.AddButton",
                           {Arg::variant(index), Arg::text(name), Arg::text(helpString), Arg::text(macro)});
-        if (call.refused() || !call.accepts(button))
+        if (!call.accepts(button))
             return call.status();
         if (SysStringLen(name) == 0)
             return call.fail(E_INVALIDARG, L"a toolbar button needs a name");
@@ -180,16 +189,31 @@ public:
         return call.giveObject(button, [&] { return newToolbarItem(sharedCore(), m_place, added); });
     }
 
+    HRESULT STDMETHODCALLTYPE raw__NewEnum(IUnknown** enumeration) override
+    {
+        return giveEnumeration("HostToolbar._NewEnum", *this, enumeration);
+    }
+
+    size_t memberCount() const override { return toolbar().buttons.size(); }
+    IDispatch* newMember(size_t position) override { return memberAt(position); }
+
 protected:
     const char* interfaceName() const override { return "HostToolbar"; }
 
 private:
+    HostToolbarItem* memberAt(size_t position)
+    {
+        const auto& buttons = toolbar().buttons;
+        core().seats.remember(buttons, position);
+        return newToolbarItem(sharedCore(), m_place, buttons[position]);
+    }
+
     Toolbar& toolbar() const { return *m_place.toolbar; }
 
     HRESULT readPlacement(const char* method, long Toolbar::*field, LONG* value)
     {
         Call call = begin(method);
-        if (call.refused() || !call.accepts(value))
+        if (!call.accepts(value))
             return call.status();
         return call.giveValue(value, static_cast<LONG>(toolbar().*field));
     }

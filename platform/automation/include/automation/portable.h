@@ -13,6 +13,7 @@
 #include "automation/variant.h"
 #include "automation/safearray.h"
 #include "automation/dispatch.h"
+#include "automation/enum_variant.h"
 #include "automation/type_info.h"
 #include "automation/type_description.h"
 #include "automation/error_info.h"

@@ -24,6 +24,7 @@ struct DescribedMember {
     SHORT parameterCount;
     VARTYPE resultType;  // VT_EMPTY when the member gives nothing
     DescribedCall call;
+    WORD flags;  // FUNCFLAG_FRESTRICTED, FUNCFLAG_FHIDDEN
 };
 
 struct DescribedInterface {

@@ -1,4 +1,4 @@
-#include "objects/release_record.h"
+#include "objects/host_references.h"
 
 namespace sim::detail {
 
