@@ -120,6 +120,30 @@ IDispatch* ProbedHost::reach(std::initializer_list<Step> steps)
     return current;
 }
 
+IDispatch* ProbedHost::reach(Subject subject)
+{
+    const Step firstGroup{L"Item", {_variant_t(0L)}};
+    switch (subject) {
+    case Subject::application:
+        return reach(std::initializer_list<Step>{});
+    case Subject::groups:
+        return reach({{L"MenuGroups"}});
+    case Subject::group:
+        return reach({{L"MenuGroups"}, firstGroup});
+    case Subject::toolbar:
+        return reach({{L"MenuGroups"}, firstGroup, {L"Toolbars"}, {L"Item", {_variant_t(0L)}}});
+    case Subject::files:
+        return reach({{L"Preferences"}, {L"Files"}});
+    case Subject::document:
+        return reach({{L"ActiveDocument"}});
+    case Subject::layout:
+        return reach({{L"ActiveDocument"}, {L"ActiveLayout"}});
+    case Subject::plot:
+        return reach({{L"ActiveDocument"}, {L"Plot"}});
+    }
+    return nullptr;
+}
+
 void ProbedHost::failCalls(const char* method, HRESULT status)
 {
     sim::Fault fault;
@@ -147,25 +171,6 @@ DISPID idOf(IDispatch* object, const wchar_t* name)
 void* OwnObject::interfaceFor(REFIID iid)
 {
     return iid == IID_IUnknown || iid == IID_IDispatch ? static_cast<IDispatch*>(this) : nullptr;
-}
-
-HRESULT STDMETHODCALLTYPE OwnObject::GetTypeInfoCount(UINT* count)
-{
-    *count = 0;
-    return S_OK;
-}
-
-HRESULT STDMETHODCALLTYPE OwnObject::GetTypeInfo(UINT, LCID, ITypeInfo** typeInfo)
-{
-    *typeInfo = nullptr;
-    return E_NOTIMPL;
-}
-
-HRESULT STDMETHODCALLTYPE OwnObject::GetIDsOfNames(REFIID, LPOLESTR*, UINT count, LCID, DISPID* ids)
-{
-    for (UINT i = 0; i < count; ++i)
-        ids[i] = DISPID_UNKNOWN;
-    return DISP_E_UNKNOWNNAME;
 }
 
 HRESULT STDMETHODCALLTYPE OwnObject::Invoke(DISPID member, REFIID, LCID, WORD flags, DISPPARAMS* parameters,
@@ -223,8 +228,9 @@ std::string invoke(IDispatch* object, Invocation call)
     EXCEPINFO exception = markedException();
     UINT argumentError = kMarkedArgument;
 
-    const HRESULT status = object->Invoke(call.member, *call.iid, LOCALE_USER_DEFAULT, call.flags,
-                                          &parameters, call.result == ResultSlot::none ? nullptr : &result,
+    const DISPID member = call.member.name != nullptr ? idOf(object, call.member.name) : call.member.id;
+    const HRESULT status = object->Invoke(member, *call.iid, LOCALE_USER_DEFAULT, call.flags, &parameters,
+                                          call.result == ResultSlot::none ? nullptr : &result,
                                           call.exceptionGiven ? &exception : nullptr,
                                           call.argumentErrorGiven ? &argumentError : nullptr);
 
@@ -246,17 +252,62 @@ std::string invoke(IDispatch* object, Invocation call)
 
 std::string readProperty(IDispatch* object, const wchar_t* name)
 {
-    Invocation get{idOf(object, name), DISPATCH_PROPERTYGET};
+    Invocation get{name, DISPATCH_PROPERTYGET};
     get.exceptionGiven = false;
     get.argumentErrorGiven = false;
     return " " + invoke(object, std::move(get));
 }
 
-Invocation put(DISPID member, _variant_t value)
+Invocation put(Member member, _variant_t value)
 {
     Invocation call{member, DISPATCH_PROPERTYPUT};
     call.named.emplace_back(DISPID_PROPERTYPUT, std::move(value));
     return call;
+}
+
+Invocation resultIn(ResultSlot result, Invocation call)
+{
+    call.result = result;
+    return call;
+}
+
+Invocation withoutExcepinfo(Invocation call)
+{
+    call.exceptionGiven = false;
+    return call;
+}
+
+Invocation withoutArgumentError(Invocation call)
+{
+    call.argumentErrorGiven = false;
+    return call;
+}
+
+Invocation tampered(std::function<void(DISPPARAMS&)> tamper, Invocation call)
+{
+    call.tamper = std::move(tamper);
+    return call;
+}
+
+bool addCases(const char* group, std::initializer_list<CallCase> cases)
+{
+    for (const CallCase& row : cases) {
+        probe::add(group, row.name, [row] {
+            ProbedHost host;
+            IDispatch* subject = host.reach(row.subject);
+            if (row.prepare)
+                row.prepare(host);
+            std::string outcome = invoke(subject, row.call);
+            if (row.errorInfoAfter)
+                outcome += errorInfoLeft();
+            if (!row.readBack.empty())
+                outcome += " then";
+            for (const wchar_t* name : row.readBack)
+                outcome += readProperty(subject, name);
+            return host.withReferencesLeft(outcome);
+        });
+    }
+    return true;
 }
 
 std::string errorInfoLeft()

@@ -1,6 +1,7 @@
 // Late-bound calls on the simulated host's objects for the dispatch probe: a fresh host per case,
 // the objects a case calls, one Invoke as a client makes it, and what that Invoke left behind, in
-// words that read the same on both builds.
+// words that read the same on both builds. Most cases are rows of a table (CallCase): one call on
+// one of the host's objects, and what is read back after it.
 #pragma once
 
 #include "probe.h"
@@ -15,6 +16,11 @@
 #include <vector>
 
 namespace dispatch_probe {
+
+// The host's objects the cases call, each reached from the application by property gets: its
+// menu groups, the first group, that group's first toolbar, the preferences' files, the active
+// document, its layout and its plot.
+enum class Subject { application, groups, group, toolbar, files, document, layout, plot };
 
 // One step from an object to another: a property get (or a method call) by name, with the
 // arguments given in the caller's order.
@@ -38,6 +44,7 @@ public:
     // The object the steps lead to from the application (each a METHOD|PROPERTYGET call). The host
     // keeps it until referencesLeft(); a step that does not give an object stops the probe.
     IDispatch* reach(std::initializer_list<Step> steps);
+    IDispatch* reach(Subject subject);
 
     // From now on every call of `method` ("HostMenuGroups.Item") fails with `status`.
     void failCalls(const char* method, HRESULT status = static_cast<HRESULT>(0x8004C0DEL));
@@ -57,16 +64,17 @@ private:
 DISPID idOf(IDispatch* object, const wchar_t* name);
 
 // An object of the case's own: its default property (DISPID_VALUE, got without arguments) is the
-// text "own", it has no other member, and the references others take on it can be counted.
+// text "own", it has no other member nor names nor type information, and the references others
+// take on it can be counted.
 class OwnObject final : public automation::ComObject<OwnObject, IDispatch> {
 public:
-    OwnObject() = default;
-
     void* interfaceFor(REFIID iid);
-    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override;
-    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID locale, ITypeInfo** typeInfo) override;
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID locale,
-                                            DISPID* ids) override;
+    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override
+    {
+        return E_NOTIMPL;
+    }
     HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID iid, LCID locale, WORD flags,
                                      DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* exception,
                                      UINT* argumentError) override;
@@ -87,10 +95,19 @@ enum class ResultSlot {
     object,  // a variant holding an object of the case's own, whose references are counted after
 };
 
+// A member by name, looked up on the object called, or by DISPID.
+struct Member {
+    Member(const wchar_t* memberName) : name(memberName) {}
+    Member(DISPID memberId) : id(memberId) {}
+    Member(int memberId) : id(memberId) {}  // DISPID_VALUE and the other ids are ints
+    const wchar_t* name = nullptr;
+    DISPID id = DISPID_UNKNOWN;
+};
+
 // One call of IDispatch::Invoke. DISPPARAMS is filled as clients fill it: the named arguments
 // first, in the order given, then the positional ones last to first.
 struct Invocation {
-    DISPID member = DISPID_VALUE;
+    Member member = DISPID_VALUE;
     WORD flags = DISPATCH_METHOD | DISPATCH_PROPERTYGET;
     std::vector<_variant_t> positional = {};  // in the caller's order
     std::vector<std::pair<DISPID, _variant_t>> named = {};
@@ -112,7 +129,28 @@ std::string invoke(IDispatch* object, Invocation call);
 std::string readProperty(IDispatch* object, const wchar_t* name);
 
 // A property put as clients make it, its value named DISPID_PROPERTYPUT.
-Invocation put(DISPID member, _variant_t value);
+Invocation put(Member member, _variant_t value);
+
+// `call` changed in one respect, for rows of a table.
+Invocation resultIn(ResultSlot result, Invocation call);
+Invocation withoutExcepinfo(Invocation call);
+Invocation withoutArgumentError(Invocation call);
+Invocation tampered(std::function<void(DISPPARAMS&)> tamper, Invocation call);
+
+// One case of a table: `prepare` (faults, error information) once `subject` is reached, `call`
+// on it, then the thread's error information when asked, then the subject's properties
+// `readBack`, then the references left.
+struct CallCase {
+    const char* name;
+    Subject subject;
+    Invocation call;
+    std::vector<const wchar_t*> readBack = {};
+    bool errorInfoAfter = false;
+    std::function<void(ProbedHost&)> prepare = {};
+};
+
+// Registers each case as "<group>.<name>"; true, for a static initializer.
+bool addCases(const char* group, std::initializer_list<CallCase> cases);
 
 // " errorInfo none", or the source and description of the calling thread's error information,
 // which this takes.

@@ -14,10 +14,13 @@ struct Given {
     std::function<_variant_t(IDispatch* own)> make;
 };
 
+// A member taking one parameter type: the call passing it a value on `subject`, and the property
+// that then says what arrived (none: the call's result says it).
 struct Parameter {
     const char* name;
-    // Passes `value` to a member that takes this parameter type, and reads back what arrived.
-    std::function<std::string(ProbedHost&, _variant_t value)> pass;
+    Subject subject;
+    std::function<Invocation(_variant_t value)> call;
+    const wchar_t* readBack;
 };
 
 const Given kGiven[] = {
@@ -42,37 +45,22 @@ const Given kGiven[] = {
 };
 
 const Parameter kParameters[] = {
-    {"text",
-     [](ProbedHost& host, _variant_t value) {
-         IDispatch* files = host.reach({{L"Preferences"}, {L"Files"}});
-         const std::string outcome = invoke(files, put(idOf(files, L"SupportPath"), std::move(value)));
-         return outcome + " then" + readProperty(files, L"SupportPath");
-     }},
-    {"long",
-     [](ProbedHost& host, _variant_t value) {
-         IDispatch* toolbar = host.reach({{L"MenuGroups"}, {L"Item", {0L}}, {L"Toolbars"}, {L"Item", {0L}}});
-         const std::string outcome = invoke(
-             toolbar,
-             {idOf(toolbar, L"Float"), DISPATCH_METHOD, {std::move(value), _variant_t(5L), _variant_t(1L)}});
-         return outcome + " then" + readProperty(toolbar, L"Top");
-     }},
-    {"boolean",
-     [](ProbedHost& host, _variant_t value) {
-         IDispatch* toolbar = host.reach({{L"MenuGroups"}, {L"Item", {0L}}, {L"Toolbars"}, {L"Item", {0L}}});
-         const std::string outcome = invoke(toolbar, put(idOf(toolbar, L"Visible"), std::move(value)));
-         return outcome + " then" + readProperty(toolbar, L"Visible");
-     }},
-    {"variant",
-     [](ProbedHost& host, _variant_t value) {
-         IDispatch* groups = host.reach({{L"MenuGroups"}});
-         return invoke(groups, {idOf(groups, L"Item"), DISPATCH_METHOD, {std::move(value)}});
-     }},
-    {"enumeration",
-     [](ProbedHost& host, _variant_t value) {
-         IDispatch* layout = host.reach({{L"ActiveDocument"}, {L"ActiveLayout"}});
-         const std::string outcome = invoke(layout, put(idOf(layout, L"PlotType"), std::move(value)));
-         return outcome + " then" + readProperty(layout, L"PlotType");
-     }},
+    {"text", Subject::files, [](_variant_t value) { return put(L"SupportPath", std::move(value)); },
+     L"SupportPath"},
+    {"long", Subject::toolbar,
+     [](_variant_t value) {
+         return Invocation{L"Float", DISPATCH_METHOD, {std::move(value), 5L, 1L}};
+     },
+     L"Top"},
+    {"boolean", Subject::toolbar, [](_variant_t value) { return put(L"Visible", std::move(value)); },
+     L"Visible"},
+    {"variant", Subject::groups,
+     [](_variant_t value) {
+         return Invocation{L"Item", DISPATCH_METHOD, {std::move(value)}};
+     },
+     nullptr},
+    {"enumeration", Subject::layout, [](_variant_t value) { return put(L"PlotType", std::move(value)); },
+     L"PlotType"},
 };
 
 [[maybe_unused]] const bool kRegistered = [] {
@@ -84,7 +72,11 @@ const Parameter kParameters[] = {
                 std::string outcome;
                 {
                     ProbedHost host;
-                    outcome = host.withReferencesLeft(parameter.pass(host, given.make(own)));
+                    IDispatch* subject = host.reach(parameter.subject);
+                    outcome = invoke(subject, parameter.call(given.make(own)));
+                    if (parameter.readBack != nullptr)
+                        outcome += " then" + readProperty(subject, parameter.readBack);
+                    outcome = host.withReferencesLeft(outcome);
                 }
                 return outcome + referencesOn(own);
             });

@@ -1,6 +1,6 @@
 // Default members: DISPID_VALUE called directly, and arguments beyond those a member declares,
-// which the dispatcher passes on to the default member of the object the member gives, as scripts
-// rely on (app.MenuGroups("ZORB"), app.Documents(0)); errors of that second call included.
+// which the dispatcher passes on to the default member of the object it gives, as scripts rely on
+// (app.MenuGroups("ZORB"), app.Documents(0)); errors of that second call included.
 #include "dispatch_calls.h"
 
 using namespace dispatch_probe;
@@ -9,196 +9,82 @@ namespace {
 
 const WORD kMethodOrGet = DISPATCH_METHOD | DISPATCH_PROPERTYGET;
 
-// `name` on the application with `arguments` and `flags`, then the name of what it gave.
-std::string onApplication(const wchar_t* name, std::vector<_variant_t> arguments, WORD flags = kMethodOrGet,
-                          ResultSlot result = ResultSlot::empty)
+// app.MenuGroups(index) as a script writes it.
+Invocation groupOfApplication(_variant_t index, WORD flags = kMethodOrGet)
+{
+    return {L"MenuGroups", flags, {std::move(index)}};
+}
+
+// app.MenuGroups(0) while calls of `method` fail.
+std::string groupWhileFailing(const char* method)
 {
     ProbedHost host;
-    Invocation call{idOf(host.application(), name), flags, std::move(arguments)};
-    call.result = result;
-    return host.withReferencesLeft(invoke(host.application(), std::move(call)));
+    host.failCalls(method);
+    return host.withReferencesLeft(invoke(host.application(), groupOfApplication(0L)));
 }
+
+[[maybe_unused]] const bool kDefaultMember =
+    addCases("default_member",
+             {
+                 {"called_directly", Subject::groups, {DISPID_VALUE, kMethodOrGet, {L"ZORB"}}},
+                 {"called_directly_as_method", Subject::groups, {DISPID_VALUE, DISPATCH_METHOD, {0L}}},
+                 {"called_directly_as_get", Subject::groups, {DISPID_VALUE, DISPATCH_PROPERTYGET, {0L}}},
+                 {"called_directly_without_its_argument", Subject::groups, {DISPID_VALUE}},
+             });
+
+[[maybe_unused]] const bool kSurplus = addCases(
+    "surplus",
+    {
+        {"group_by_name", Subject::application, groupOfApplication(L"ZORB")},
+        {"group_by_position", Subject::application, groupOfApplication(static_cast<short>(0))},
+        {"group_as_get_only", Subject::application, groupOfApplication(0L, DISPATCH_PROPERTYGET)},
+        {"group_as_method_only", Subject::application, groupOfApplication(0L, DISPATCH_METHOD)},
+        {"document_by_position", Subject::application, {L"Documents", kMethodOrGet, {0L}}},
+        {"toolbar_of_a_group", Subject::group, {L"Toolbars", kMethodOrGet, {L"TB_STANDARD"}}},
+        {"no_such_group", Subject::application, groupOfApplication(L"NoSuchGroup")},
+        {"no_such_group_without_excepinfo",
+         Subject::application,
+         withoutExcepinfo(groupOfApplication(L"NoSuchGroup")),
+         {},
+         true},
+        {"group_position_out_of_range", Subject::application, groupOfApplication(99L)},
+        {"group_by_a_mismatched_index", Subject::application, groupOfApplication(variantArray({0L}))},
+        {"two_beyond_the_declared", Subject::application, {L"MenuGroups", kMethodOrGet, {0L, 1L}}},
+        {"without_a_result", Subject::application, resultIn(ResultSlot::none, groupOfApplication(L"ZORB"))},
+        {"result_filled_with_text_beforehand", Subject::application,
+         resultIn(ResultSlot::text, groupOfApplication(L"ZORB"))},
+        {"result_filled_with_an_object_beforehand", Subject::application,
+         resultIn(ResultSlot::object, groupOfApplication(L"ZORB"))},
+        {"to_an_object_without_a_default_member", Subject::application, {L"Preferences", kMethodOrGet, {0L}}},
+        {"to_a_text", Subject::files, {L"SupportPath", kMethodOrGet, {0L}}},
+        {"to_a_number", Subject::groups, {L"Count", kMethodOrGet, {0L}}},
+        {"named_argument_beyond_the_declared",
+         Subject::application,
+         {L"MenuGroups", kMethodOrGet, {}, {{0, L"ZORB"}}}},
+        {"to_a_method_with_an_object_result", Subject::groups, {L"Item", kMethodOrGet, {L"ZORB", 0L}}},
+        {"to_a_method_without_a_result",
+         Subject::toolbar,
+         {L"Dock", DISPATCH_METHOD, {2L, 3L}},
+         {L"DockStatus"}},
+        {"to_a_method_without_parameters", Subject::document, {L"Activate", DISPATCH_METHOD, {1L}}},
+    });
 
 }  // namespace
-
-PROBE_CASE(default_member, called_directly)
-{
-    ProbedHost host;
-    return host.withReferencesLeft(
-        invoke(host.reach({{L"MenuGroups"}}), {DISPID_VALUE, kMethodOrGet, {_variant_t(L"ZORB")}}));
-}
-
-PROBE_CASE(default_member, called_directly_as_method)
-{
-    ProbedHost host;
-    return host.withReferencesLeft(
-        invoke(host.reach({{L"MenuGroups"}}), {DISPID_VALUE, DISPATCH_METHOD, {_variant_t(0L)}}));
-}
-
-PROBE_CASE(default_member, called_directly_as_get)
-{
-    ProbedHost host;
-    return host.withReferencesLeft(
-        invoke(host.reach({{L"MenuGroups"}}), {DISPID_VALUE, DISPATCH_PROPERTYGET, {_variant_t(0L)}}));
-}
-
-PROBE_CASE(default_member, called_directly_without_its_argument)
-{
-    ProbedHost host;
-    return host.withReferencesLeft(invoke(host.reach({{L"MenuGroups"}}), {DISPID_VALUE}));
-}
-
-PROBE_CASE(surplus, group_by_name)
-{
-    return onApplication(L"MenuGroups", {_variant_t(L"ZORB")});
-}
-
-PROBE_CASE(surplus, group_by_position)
-{
-    return onApplication(L"MenuGroups", {_variant_t(static_cast<short>(0))});
-}
-
-PROBE_CASE(surplus, group_as_get_only)
-{
-    return onApplication(L"MenuGroups", {_variant_t(0L)}, DISPATCH_PROPERTYGET);
-}
-
-PROBE_CASE(surplus, group_as_method_only)
-{
-    return onApplication(L"MenuGroups", {_variant_t(0L)}, DISPATCH_METHOD);
-}
-
-PROBE_CASE(surplus, document_by_position)
-{
-    return onApplication(L"Documents", {_variant_t(0L)});
-}
-
-PROBE_CASE(surplus, toolbar_of_a_group)
-{
-    ProbedHost host;
-    IDispatch* group = host.reach({{L"MenuGroups"}, {L"Item", {_variant_t(L"ZORB")}}});
-    return host.withReferencesLeft(
-        invoke(group, {idOf(group, L"Toolbars"), kMethodOrGet, {_variant_t(L"TB_STANDARD")}}));
-}
 
 PROBE_CASE(surplus, toolbar_of_the_loaded_mx_group)
 {
     ProbedHost host;
     host.reach({{L"MenuGroups"}, {L"LoadMenuFile", {_variant_t(L"C:\\Program Files\\MX\\Support\\MX")}}});
     IDispatch* group = host.reach({{L"MenuGroups"}, {L"Item", {_variant_t(L"MX")}}});
-    return host.withReferencesLeft(
-        invoke(group, {idOf(group, L"Toolbars"), kMethodOrGet, {_variant_t(L"TB_MX_MAIN")}}));
-}
-
-PROBE_CASE(surplus, no_such_group)
-{
-    return onApplication(L"MenuGroups", {_variant_t(L"NoSuchGroup")});
-}
-
-PROBE_CASE(surplus, no_such_group_without_excepinfo)
-{
-    ProbedHost host;
-    Invocation call{idOf(host.application(), L"MenuGroups"), kMethodOrGet, {_variant_t(L"NoSuchGroup")}};
-    call.exceptionGiven = false;
-    const std::string outcome = invoke(host.application(), std::move(call));
-    return host.withReferencesLeft(outcome + errorInfoLeft());
-}
-
-PROBE_CASE(surplus, group_position_out_of_range)
-{
-    return onApplication(L"MenuGroups", {_variant_t(99L)});
-}
-
-PROBE_CASE(surplus, group_by_a_mismatched_index)
-{
-    return onApplication(L"MenuGroups", {variantArray({_variant_t(0L)})});
-}
-
-PROBE_CASE(surplus, two_beyond_the_declared)
-{
-    return onApplication(L"MenuGroups", {_variant_t(0L), _variant_t(1L)});
-}
-
-PROBE_CASE(surplus, without_a_result)
-{
-    return onApplication(L"MenuGroups", {_variant_t(L"ZORB")}, kMethodOrGet, ResultSlot::none);
-}
-
-PROBE_CASE(surplus, result_filled_with_text_beforehand)
-{
-    return onApplication(L"MenuGroups", {_variant_t(L"ZORB")}, kMethodOrGet, ResultSlot::text);
-}
-
-PROBE_CASE(surplus, result_filled_with_an_object_beforehand)
-{
-    return onApplication(L"MenuGroups", {_variant_t(L"ZORB")}, kMethodOrGet, ResultSlot::object);
-}
-
-PROBE_CASE(surplus, to_an_object_without_a_default_member)
-{
-    return onApplication(L"Preferences", {_variant_t(0L)});
-}
-
-PROBE_CASE(surplus, to_a_text)
-{
-    ProbedHost host;
-    IDispatch* files = host.reach({{L"Preferences"}, {L"Files"}});
-    return host.withReferencesLeft(
-        invoke(files, {idOf(files, L"SupportPath"), kMethodOrGet, {_variant_t(0L)}}));
-}
-
-PROBE_CASE(surplus, to_a_number)
-{
-    ProbedHost host;
-    IDispatch* groups = host.reach({{L"MenuGroups"}});
-    return host.withReferencesLeft(invoke(groups, {idOf(groups, L"Count"), kMethodOrGet, {_variant_t(0L)}}));
-}
-
-PROBE_CASE(surplus, named_argument_beyond_the_declared)
-{
-    ProbedHost host;
-    return host.withReferencesLeft(
-        invoke(host.application(),
-               {idOf(host.application(), L"MenuGroups"), kMethodOrGet, {}, {{0, _variant_t(L"ZORB")}}}));
-}
-
-PROBE_CASE(surplus, to_a_method_with_an_object_result)
-{
-    ProbedHost host;
-    IDispatch* groups = host.reach({{L"MenuGroups"}});
-    return host.withReferencesLeft(
-        invoke(groups, {idOf(groups, L"Item"), kMethodOrGet, {_variant_t(L"ZORB"), _variant_t(0L)}}));
-}
-
-PROBE_CASE(surplus, to_a_method_without_a_result)
-{
-    ProbedHost host;
-    IDispatch* toolbar = host.reach({{L"MenuGroups"}, {L"Item", {0L}}, {L"Toolbars"}, {L"Item", {0L}}});
-    const std::string outcome =
-        invoke(toolbar, {idOf(toolbar, L"Dock"), DISPATCH_METHOD, {_variant_t(2L), _variant_t(3L)}});
-    return host.withReferencesLeft(outcome + " then" + readProperty(toolbar, L"DockStatus"));
-}
-
-PROBE_CASE(surplus, to_a_method_without_parameters)
-{
-    ProbedHost host;
-    IDispatch* document = host.reach({{L"ActiveDocument"}});
-    return host.withReferencesLeft(
-        invoke(document, {idOf(document, L"Activate"), DISPATCH_METHOD, {_variant_t(1L)}}));
+    return host.withReferencesLeft(invoke(group, {L"Toolbars", kMethodOrGet, {L"TB_MX_MAIN"}}));
 }
 
 PROBE_CASE(surplus, failing_first_member)
 {
-    ProbedHost host;
-    host.failCalls("HostApplication.get_MenuGroups");
-    return host.withReferencesLeft(invoke(
-        host.application(), {idOf(host.application(), L"MenuGroups"), kMethodOrGet, {_variant_t(0L)}}));
+    return groupWhileFailing("HostApplication.get_MenuGroups");
 }
 
 PROBE_CASE(surplus, failing_default_member)
 {
-    ProbedHost host;
-    host.failCalls("HostMenuGroups.Item");
-    return host.withReferencesLeft(invoke(
-        host.application(), {idOf(host.application(), L"MenuGroups"), kMethodOrGet, {_variant_t(0L)}}));
+    return groupWhileFailing("HostMenuGroups.Item");
 }

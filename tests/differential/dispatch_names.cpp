@@ -8,196 +8,101 @@ using namespace dispatch_probe;
 
 namespace {
 
-// The status and every id GetIDsOfNames gave for `names` on `object`.
-std::string idsOf(IDispatch* object, std::vector<const wchar_t*> names, const IID& iid = IID_NULL)
+using Names = std::vector<const wchar_t*>;
+
+// The status and every id GetIDsOfNames gave for `names` (with `count` of them, all unless
+// given), and whether it wrote past them.
+std::string idsOf(IDispatch* object, const Names& names, const IID& iid = IID_NULL, UINT count = ~0u)
 {
     std::vector<LPOLESTR> asked;
     for (const wchar_t* name : names)
         asked.push_back(const_cast<LPOLESTR>(name));
     std::vector<DISPID> ids(names.size() + 1, 0x5A5A);
-    const HRESULT status = object->GetIDsOfNames(iid, asked.data(), static_cast<UINT>(asked.size()),
-                                                 LOCALE_USER_DEFAULT, ids.data());
+    const HRESULT status =
+        object->GetIDsOfNames(iid, asked.data(), count == ~0u ? static_cast<UINT>(asked.size()) : count,
+                              LOCALE_USER_DEFAULT, ids.data());
     std::string outcome = probe::status(status) + " ids";
     for (DISPID id : ids)
         outcome += id == 0x5A5A ? std::string(" kept") : " " + std::to_string(id);
     return outcome;
 }
 
-std::string namesOnApplication(std::vector<const wchar_t*> names)
+// One case: each list of names looked up in turn on `subject`.
+struct NamesCase {
+    const char* name;
+    Subject subject;
+    std::vector<Names> lookups;
+};
+
+bool addNamesCases(std::initializer_list<NamesCase> cases)
 {
-    ProbedHost host;
-    return host.withReferencesLeft(idsOf(host.application(), std::move(names)));
+    for (const NamesCase& row : cases) {
+        probe::add("names", row.name, [row] {
+            ProbedHost host;
+            IDispatch* subject = host.reach(row.subject);
+            std::string outcome;
+            for (const Names& names : row.lookups)
+                outcome += (outcome.empty() ? "" : " / ") + idsOf(subject, names);
+            return host.withReferencesLeft(outcome);
+        });
+    }
+    return true;
 }
 
-std::string namesOnGroups(std::vector<const wchar_t*> names)
+[[maybe_unused]] const bool kNames = addNamesCases({
+    {"member_as_declared", Subject::application, {{L"MenuGroups"}}},
+    {"member_in_lower_case", Subject::application, {{L"menugroups"}}},
+    {"member_in_upper_case", Subject::application, {{L"MENUGROUPS"}}},
+    {"default_member_by_name", Subject::groups, {{L"item"}}},
+    {"property_with_get_and_put", Subject::files, {{L"supportPATH"}}},
+    {"unknown_member", Subject::groups, {{L"Reload"}}},
+    {"empty_name", Subject::groups, {{L""}}},
+    {"name_with_trailing_space", Subject::groups, {{L"Count "}}},
+    {"member_of_another_interface", Subject::application, {{L"Toolbars"}}},
+    {"member_and_its_parameters", Subject::groups, {{L"LoadMenuFile", L"menuFile", L"baseMenu"}}},
+    {"parameters_in_another_order_and_case", Subject::groups, {{L"loadmenufile", L"BASEMENU", L"MenuFile"}}},
+    {"unknown_parameter", Subject::groups, {{L"LoadMenuFile", L"menuFile", L"fileName"}}},
+    {"unknown_parameter_first", Subject::groups, {{L"LoadMenuFile", L"fileName", L"baseMenu"}}},
+    {"parameter_of_another_member", Subject::groups, {{L"Item", L"menuFile"}}},
+    {"result_parameter", Subject::groups, {{L"Item", L"group"}}},
+    {"parameter_of_a_property_put", Subject::files, {{L"SupportPath", L"path"}}},
+    {"parameters_of_an_unknown_member", Subject::groups, {{L"Reload", L"menuFile"}}},
+    {"member_name_twice", Subject::groups, {{L"LoadMenuFile", L"LoadMenuFile"}}},
+    {"same_parameter_twice", Subject::groups, {{L"LoadMenuFile", L"menuFile", L"menuFile"}}},
+    {"inherited_query_interface", Subject::application, {{L"QueryInterface"}}},
+    {"inherited_add_ref_and_release", Subject::application, {{L"AddRef"}, {L"release"}}},
+    {"inherited_dispatch_members",
+     Subject::application,
+     {{L"GetTypeInfoCount"}, {L"GetTypeInfo"}, {L"GetIDsOfNames"}, {L"INVOKE"}}},
+    {"inherited_member_with_its_parameters", Subject::application, {{L"QueryInterface", L"riid", L"ppvObj"}}},
+    {"parameters_of_every_inherited_dispatch_member",
+     Subject::application,
+     {{L"GetTypeInfoCount", L"pctinfo"},
+      {L"GetTypeInfo", L"itinfo", L"lcid", L"pptinfo"},
+      {L"GetIDsOfNames", L"riid", L"rgszNames", L"cNames", L"lcid", L"rgdispid"},
+      {L"Invoke", L"dispidMember", L"riid", L"lcid", L"wFlags", L"pdispparams", L"pvarResult", L"pexcepinfo",
+       L"puArgErr"}}},
+    {"several_names_asked_of_a_toolbar", Subject::toolbar, {{L"Float", L"rows", L"top", L"left"}}},
+    {"simulator_members_not_on_the_host", Subject::application, {{L"ReferencesHeld"}}},
+});
+
+// GetIDsOfNames on the menu groups with one name given but `count` asked for.
+std::string counted(const wchar_t* name, UINT count)
 {
     ProbedHost host;
-    return host.withReferencesLeft(idsOf(host.reach({{L"MenuGroups"}}), std::move(names)));
+    return host.withReferencesLeft(idsOf(host.reach(Subject::groups), {name}, IID_NULL, count));
 }
 
 }  // namespace
 
-PROBE_CASE(names, member_as_declared)
-{
-    return namesOnApplication({L"MenuGroups"});
-}
-
-PROBE_CASE(names, member_in_lower_case)
-{
-    return namesOnApplication({L"menugroups"});
-}
-
-PROBE_CASE(names, member_in_upper_case)
-{
-    return namesOnApplication({L"MENUGROUPS"});
-}
-
-PROBE_CASE(names, default_member_by_name)
-{
-    return namesOnGroups({L"item"});
-}
-
-PROBE_CASE(names, property_with_get_and_put)
-{
-    ProbedHost host;
-    return host.withReferencesLeft(idsOf(host.reach({{L"Preferences"}, {L"Files"}}), {L"supportPATH"}));
-}
-
-PROBE_CASE(names, unknown_member)
-{
-    return namesOnGroups({L"Reload"});
-}
-
-PROBE_CASE(names, empty_name)
-{
-    return namesOnGroups({L""});
-}
-
-PROBE_CASE(names, name_with_trailing_space)
-{
-    return namesOnGroups({L"Count "});
-}
-
-PROBE_CASE(names, member_of_another_interface)
-{
-    return namesOnApplication({L"Toolbars"});
-}
-
-PROBE_CASE(names, member_and_its_parameters)
-{
-    return namesOnGroups({L"LoadMenuFile", L"menuFile", L"baseMenu"});
-}
-
-PROBE_CASE(names, parameters_in_another_order_and_case)
-{
-    return namesOnGroups({L"loadmenufile", L"BASEMENU", L"MenuFile"});
-}
-
-PROBE_CASE(names, unknown_parameter)
-{
-    return namesOnGroups({L"LoadMenuFile", L"menuFile", L"fileName"});
-}
-
-PROBE_CASE(names, unknown_parameter_first)
-{
-    return namesOnGroups({L"LoadMenuFile", L"fileName", L"baseMenu"});
-}
-
-PROBE_CASE(names, parameter_of_another_member)
-{
-    return namesOnGroups({L"Item", L"menuFile"});
-}
-
-PROBE_CASE(names, result_parameter)
-{
-    return namesOnGroups({L"Item", L"group"});
-}
-
-PROBE_CASE(names, parameter_of_a_property_put)
-{
-    ProbedHost host;
-    return host.withReferencesLeft(
-        idsOf(host.reach({{L"Preferences"}, {L"Files"}}), {L"SupportPath", L"path"}));
-}
-
-PROBE_CASE(names, parameters_of_an_unknown_member)
-{
-    return namesOnGroups({L"Reload", L"menuFile"});
-}
-
-PROBE_CASE(names, member_name_twice)
-{
-    return namesOnGroups({L"LoadMenuFile", L"LoadMenuFile"});
-}
-
-PROBE_CASE(names, same_parameter_twice)
-{
-    return namesOnGroups({L"LoadMenuFile", L"menuFile", L"menuFile"});
-}
-
-PROBE_CASE(names, inherited_query_interface)
-{
-    return namesOnApplication({L"QueryInterface"});
-}
-
-PROBE_CASE(names, inherited_add_ref_and_release)
-{
-    const std::string addRef = namesOnApplication({L"AddRef"});
-    return addRef + " /" + namesOnApplication({L"release"});
-}
-
-PROBE_CASE(names, inherited_dispatch_members)
-{
-    std::string outcome;
-    for (const wchar_t* name : {L"GetTypeInfoCount", L"GetTypeInfo", L"GetIDsOfNames", L"INVOKE"})
-        outcome += (outcome.empty() ? "" : " /") + namesOnApplication({name});
-    return outcome;
-}
-
-PROBE_CASE(names, inherited_member_with_its_parameters)
-{
-    return namesOnApplication({L"QueryInterface", L"riid", L"ppvObj"});
-}
-
-PROBE_CASE(names, parameters_of_every_inherited_dispatch_member)
-{
-    std::string outcome = namesOnApplication({L"GetTypeInfoCount", L"pctinfo"});
-    outcome += " /" + namesOnApplication({L"GetTypeInfo", L"itinfo", L"lcid", L"pptinfo"});
-    outcome +=
-        " /" + namesOnApplication({L"GetIDsOfNames", L"riid", L"rgszNames", L"cNames", L"lcid", L"rgdispid"});
-    outcome += " /" + namesOnApplication({L"Invoke", L"dispidMember", L"riid", L"lcid", L"wFlags",
-                                          L"pdispparams", L"pvarResult", L"pexcepinfo", L"puArgErr"});
-    return outcome;
-}
-
-PROBE_CASE(names, several_names_asked_of_a_collection)
-{
-    ProbedHost host;
-    return host.withReferencesLeft(
-        idsOf(host.reach({{L"MenuGroups"}, {L"Item", {_variant_t(0L)}}, {L"Toolbars"}, {L"Item", {0L}}}),
-              {L"Float", L"rows", L"top", L"left"}));
-}
-
 PROBE_CASE(names, zero_names)
 {
-    ProbedHost host;
-    LPOLESTR names[] = {const_cast<LPOLESTR>(L"Count")};
-    DISPID id = 0x5A5A;
-    const HRESULT status =
-        host.reach({{L"MenuGroups"}})->GetIDsOfNames(IID_NULL, names, 0, LOCALE_USER_DEFAULT, &id);
-    return host.withReferencesLeft(probe::status(status) + " id " +
-                                   (id == 0x5A5A ? "kept" : std::to_string(id)));
+    return counted(L"Count", 0);
 }
 
 PROBE_CASE(names, zero_names_of_no_member)
 {
-    ProbedHost host;
-    LPOLESTR names[] = {const_cast<LPOLESTR>(L"Reload")};
-    DISPID id = 0x5A5A;
-    const HRESULT status =
-        host.reach({{L"MenuGroups"}})->GetIDsOfNames(IID_NULL, names, 0, LOCALE_USER_DEFAULT, &id);
-    return host.withReferencesLeft(probe::status(status) + " id " +
-                                   (id == 0x5A5A ? "kept" : std::to_string(id)));
+    return counted(L"Reload", 0);
 }
 
 PROBE_CASE(names, null_name_array)
@@ -213,9 +118,4 @@ PROBE_CASE(names, interface_id_not_null)
 {
     ProbedHost host;
     return host.withReferencesLeft(idsOf(host.application(), {L"MenuGroups"}, IID_IDispatch));
-}
-
-PROBE_CASE(names, simulator_members_not_on_the_host)
-{
-    return namesOnApplication({L"ReferencesHeld"});
 }
