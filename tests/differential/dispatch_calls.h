@@ -42,7 +42,7 @@ public:
     sim::Host& host() { return m_host; }
 
     // The object the steps lead to from the application (each a METHOD|PROPERTYGET call). The host
-    // keeps it until referencesLeft(); a step that does not give an object stops the probe.
+    // keeps it until withReferencesLeft(); a step that does not give an object stops the probe.
     IDispatch* reach(std::initializer_list<Step> steps);
     IDispatch* reach(Subject subject);
 
