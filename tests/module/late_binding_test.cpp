@@ -67,6 +67,14 @@ Outcome call(IDispatch* object, const wchar_t* name, WORD flags, std::vector<_va
     return outcome;
 }
 
+DISPID idOfName(IDispatch* object, const wchar_t* name)
+{
+    DISPID member = DISPID_UNKNOWN;
+    LPOLESTR names[] = {const_cast<LPOLESTR>(name)};
+    EXPECT_EQ(object->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &member), S_OK);
+    return member;
+}
+
 Outcome get(IDispatch* object, const wchar_t* name, std::vector<_variant_t> arguments = {})
 {
     return call(object, name, DISPATCH_METHOD | DISPATCH_PROPERTYGET, std::move(arguments));
@@ -220,6 +228,37 @@ TEST_F(LateBinding, JournalMarksTheCallWithTheTypesThatArrived)
     EXPECT_FALSE(hostCallEntries()[0].lateBound);
 }
 
+TEST_F(LateBinding, ArgumentsOfAPropertyWithoutParametersGoOnToTheDefaultMemberOfWhatItGives)
+{
+    // app.MenuGroups("ZORB") in a script: MenuGroups takes no argument, so the group is the one
+    // the collection's default member (Item) gives for it.
+    const Outcome group = get(application(), L"MenuGroups", {_variant_t(L"ZORB")});
+    const auto& calls = hostCallEntries();
+    ASSERT_EQ(calls.size(), 2u);
+    EXPECT_EQ(sim::typedMethodOf(calls[0]), "HostApplication.get_MenuGroups()");
+    EXPECT_EQ(calls[0].lateBound, std::vector<VARTYPE>{}) << "the argument is not the property's own";
+    EXPECT_EQ(sim::typedMethodOf(calls[1]), "HostMenuGroups.Item(VT_BSTR)");
+    EXPECT_EQ(calls[1].lateBound, (std::vector<VARTYPE>{VT_BSTR}));
+    EXPECT_EQ(std::wstring(_bstr_t(get(objectOf(group), L"Name").result)), L"ZORB");
+
+    // The default member's failure reaches the caller as that call's.
+    const Outcome missing = get(application(), L"MenuGroups", {_variant_t(L"NoSuchGroup")});
+    EXPECT_EQ(missing.status, DISP_E_EXCEPTION);
+    EXPECT_EQ(missing.scode, DISP_E_BADINDEX);
+    EXPECT_EQ(missing.source, L"Zorb.HostMenuGroups");
+    EXPECT_EQ(missing.description, L"no menu group named 'NoSuchGroup'");
+
+    // An argument beyond those of a member that gives no object is left unused.
+    IDispatchPtr toolbar = objectOf(get(objectOf(get(objectOf(get(menuGroups(), L"Item", {shortNumber(0)})),
+                                                     L"Toolbars")),
+                                        L"Item", {shortNumber(0)}));
+    clearHostCalls();
+    EXPECT_EQ(call(toolbar, L"Dock", DISPATCH_METHOD, {shortNumber(1), shortNumber(2)}).status, S_OK);
+    ASSERT_EQ(hostCallEntries().size(), 1u);
+    EXPECT_EQ(hostCallEntries()[0].arguments[0].value, "1");
+    EXPECT_EQ(hostCallEntries()[0].lateBound, (std::vector<VARTYPE>{VT_I2, VT_I2}));
+}
+
 TEST_F(LateBinding, HostFailureArrivesAsAnExceptionWithTheHostsErrorInformation)
 {
     const Outcome missing = get(menuGroups(), L"Item", {_variant_t(L"NoSuchGroup")});
@@ -240,6 +279,7 @@ TEST_F(LateBinding, BadCallsAreToldWhatWasWrong)
     IDispatchPtr groups = menuGroups();
     IDispatchPtr toolbar = objectOf(get(objectOf(get(objectOf(get(groups, L"Item", {shortNumber(0)})), L"Toolbars")),
                                         L"Item", {shortNumber(0)}));
+    IDispatchPtr files = objectOf(get(objectOf(get(application(), L"Preferences")), L"Files"));
     clearHostCalls();
 
     LPOLESTR unknown[] = {const_cast<LPOLESTR>(L"Reload")};
@@ -253,9 +293,13 @@ TEST_F(LateBinding, BadCallsAreToldWhatWasWrong)
               DISP_E_MEMBERNOTFOUND);
     // A read-only property cannot be written.
     EXPECT_EQ(call(toolbar, L"Name", DISPATCH_PROPERTYPUT, {_variant_t(L"X")}).status, DISP_E_MEMBERNOTFOUND);
-    EXPECT_EQ(call(toolbar, L"Dock", DISPATCH_METHOD, {shortNumber(1), shortNumber(2)}).status,
-              DISP_E_BADPARAMCOUNT);
     EXPECT_EQ(call(toolbar, L"Float", DISPATCH_METHOD, {shortNumber(1)}).status, DISP_E_BADPARAMCOUNT);
+    // A property's new value must be named DISPID_PROPERTYPUT.
+    _variant_t path(L"D:\\Support");
+    DISPPARAMS unnamed{&path, nullptr, 1, 0};
+    EXPECT_EQ(files->Invoke(idOfName(files, L"SupportPath"), IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYPUT,
+                            &unnamed, nullptr, nullptr, nullptr),
+              DISP_E_PARAMNOTFOUND);
 
     // The argument that would not convert is named by its place in DISPPARAMS (last to first).
     const Outcome mismatch =

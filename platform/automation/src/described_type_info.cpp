@@ -1,108 +1,29 @@
-// Type information served from a compiled-in description, and the dispatcher that serves
-// late-bound calls from it, with the platform dispatcher's answers to bad calls.
+// Type information served from a compiled-in description; its Invoke is the described
+// interface's dispatcher (described_dispatch.h).
 #include "automation.h"
 #include "automation/com_object.h"
 
-#include <cwctype>
-#include <vector>
+#include "described_dispatch.h"
+#include "described_members.h"
 
 namespace {
 
-bool sameName(const wchar_t* a, const wchar_t* b)
+using automation::detail::findMember;
+using automation::detail::inheritedDispatchMembers;
+using automation::detail::memberNamed;
+using automation::detail::sameName;
+
+// The position of the parameter called `name` among `member`'s; DISPID_UNKNOWN for none.
+DISPID parameterNamed(const DescribedMember& member, const wchar_t* name)
 {
-    for (; *a != L'\0' && *b != L'\0'; ++a, ++b) {
-        if (std::towlower(static_cast<wint_t>(*a)) != std::towlower(static_cast<wint_t>(*b)))
-            return false;
+    for (SHORT p = 0; p < member.parameterCount; ++p) {
+        if (sameName(member.parameters[p].name, name))
+            return p;
     }
-    return *a == *b;
+    return DISPID_UNKNOWN;
 }
 
-// The type an argument of a declared type is coerced to before the call.
-VARTYPE coercedType(VARTYPE declared)
-{
-    return declared == VT_USERDEFINED ? static_cast<VARTYPE>(VT_I4) : declared;
-}
-
-// The arguments of one call in declared order, owning what coercion made.
-class CallArguments {
-public:
-    explicit CallArguments(size_t count) : m_values(count)
-    {
-        for (VARIANT& value : m_values)
-            VariantInit(&value);
-        m_owned.assign(count, false);
-    }
-    ~CallArguments()
-    {
-        for (size_t i = 0; i < m_values.size(); ++i) {
-            if (m_owned[i])
-                VariantClear(&m_values[i]);
-        }
-    }
-    CallArguments(const CallArguments&) = delete;
-    CallArguments& operator=(const CallArguments&) = delete;
-
-    // A declared VARIANT is the caller's own variant, passed as it is.
-    void passAsGiven(size_t at, const VARIANT& given) { m_values[at] = given; }
-    void passMissing(size_t at)
-    {
-        V_VT(&m_values[at]) = VT_ERROR;
-        V_ERROR(&m_values[at]) = DISP_E_PARAMNOTFOUND;
-    }
-    HRESULT passCoerced(size_t at, const VARIANT& given, VARTYPE type)
-    {
-        const HRESULT converted = VariantChangeType(&m_values[at], const_cast<VARIANT*>(&given), 0, type);
-        m_owned[at] = SUCCEEDED(converted);
-        return converted;
-    }
-    VARIANT* values() { return m_values.data(); }
-
-private:
-    std::vector<VARIANT> m_values;
-    std::vector<bool> m_owned;
-};
-
-// Where each declared parameter's argument is in DISPPARAMS (its index), or -1 when it was left
-// out. Positional arguments come last to first; a named one names its parameter's position, and a
-// property's new value is named DISPID_PROPERTYPUT and is the last parameter.
-HRESULT locateArguments(const DescribedMember& member, const DISPPARAMS& parameters, std::vector<int>& at)
-{
-    const UINT declared = static_cast<UINT>(member.parameterCount);
-    if (parameters.cArgs > declared || parameters.cNamedArgs > parameters.cArgs)
-        return DISP_E_BADPARAMCOUNT;
-    if (parameters.cNamedArgs > 0 && parameters.rgdispidNamedArgs == nullptr)
-        return E_INVALIDARG;
-    at.assign(declared, -1);
-    const UINT positional = parameters.cArgs - parameters.cNamedArgs;
-    for (UINT i = 0; i < positional; ++i)
-        at[i] = static_cast<int>(parameters.cArgs - 1 - i);
-    for (UINT j = 0; j < parameters.cNamedArgs; ++j) {
-        const DISPID name = parameters.rgdispidNamedArgs[j];
-        const DISPID parameter = name == DISPID_PROPERTYPUT ? static_cast<DISPID>(declared) - 1 : name;
-        if (parameter < 0 || parameter >= static_cast<DISPID>(declared) || at[parameter] != -1)
-            return DISP_E_PARAMNOTFOUND;
-        at[parameter] = static_cast<int>(j);
-    }
-    return S_OK;
-}
-
-// The failure of the member itself, as a caller of Invoke sees it: the exception its error
-// information describes.
-HRESULT reportException(HRESULT failure, EXCEPINFO* exception)
-{
-    if (exception == nullptr)
-        return DISP_E_EXCEPTION;
-    *exception = EXCEPINFO{};
-    exception->scode = failure;
-    IErrorInfoPtr error;
-    if (GetErrorInfo(0, &error) == S_OK && error) {
-        error->GetSource(&exception->bstrSource);
-        error->GetDescription(&exception->bstrDescription);
-        error->GetHelpFile(&exception->bstrHelpFile);
-        error->GetHelpContext(&exception->dwHelpContext);
-    }
-    return DISP_E_EXCEPTION;
-}
+const WORD kAnyWay = INVOKE_FUNC | INVOKE_PROPERTYGET | INVOKE_PROPERTYPUT | INVOKE_PROPERTYPUTREF;
 
 class DescribedTypeInfo final : public automation::ComObject<DescribedTypeInfo, ITypeInfo> {
 public:
@@ -147,7 +68,7 @@ public:
         if (names == nullptr || count == nullptr)
             return E_INVALIDARG;
         *count = 0;
-        const DescribedMember* member = find(id, INVOKE_FUNC | INVOKE_PROPERTYGET | INVOKE_PROPERTYPUT);
+        const DescribedMember* member = findMember(m_described, id, kAnyWay);
         if (member == nullptr)
             return TYPE_E_ELEMENTNOTFOUND;
         for (SHORT i = -1; i < member->parameterCount && *count < capacity; ++i)
@@ -155,26 +76,26 @@ public:
         return S_OK;
     }
 
+    // Names as the platform finds them: the member first in declared order, else one inherited from
+    // IUnknown or IDispatch; the other names among that member's parameters. The first name is
+    // looked up even when no id is asked for (`count` 0), as the platform does.
     HRESULT STDMETHODCALLTYPE GetIDsOfNames(LPOLESTR* names, UINT count, MEMBERID* ids) override
     {
-        if (names == nullptr || ids == nullptr || count == 0)
+        if (names == nullptr || (ids == nullptr && count > 0))
             return E_INVALIDARG;
         for (UINT i = 0; i < count; ++i)
             ids[i] = DISPID_UNKNOWN;
-        const DescribedMember* member = nullptr;
-        for (UINT m = 0; m < m_described.memberCount && member == nullptr; ++m) {
-            if (sameName(m_described.members[m].name, names[0]))
-                member = &m_described.members[m];
-        }
+        const DescribedMember* member = memberNamed(m_described, names[0]);
+        if (member == nullptr)
+            member = memberNamed(inheritedDispatchMembers(), names[0]);
         if (member == nullptr)
             return DISP_E_UNKNOWNNAME;
+        if (count == 0)
+            return S_OK;
         ids[0] = member->id;
         HRESULT status = S_OK;
         for (UINT i = 1; i < count; ++i) {
-            for (SHORT p = 0; p < member->parameterCount && ids[i] == DISPID_UNKNOWN; ++p) {
-                if (sameName(member->parameters[p].name, names[i]))
-                    ids[i] = p;
-            }
+            ids[i] = parameterNamed(*member, names[i]);
             if (ids[i] == DISPID_UNKNOWN)
                 status = DISP_E_UNKNOWNNAME;
         }
@@ -184,46 +105,8 @@ public:
     HRESULT STDMETHODCALLTYPE Invoke(PVOID instance, MEMBERID id, WORD flags, DISPPARAMS* parameters,
                                      VARIANT* result, EXCEPINFO* exception, UINT* argumentError) override
     {
-        if (instance == nullptr || parameters == nullptr)
-            return E_INVALIDARG;
-        const DescribedMember* member = find(id, flags);
-        if (member == nullptr)
-            return DISP_E_MEMBERNOTFOUND;
-        std::vector<int> at;
-        const HRESULT located = locateArguments(*member, *parameters, at);
-        if (FAILED(located))
-            return located;
-        CallArguments arguments(at.size());
-        for (size_t i = 0; i < at.size(); ++i) {
-            const DescribedParameter& declared = member->parameters[i];
-            if (at[i] < 0) {
-                if ((declared.flags & PARAMFLAG_FOPT) == 0)
-                    return DISP_E_BADPARAMCOUNT;
-                arguments.passMissing(i);
-                continue;
-            }
-            const VARIANT& given = parameters->rgvarg[at[i]];
-            if (declared.type == VT_VARIANT) {
-                arguments.passAsGiven(i, given);
-                continue;
-            }
-            const HRESULT coerced = arguments.passCoerced(i, given, coercedType(declared.type));
-            if (FAILED(coerced)) {
-                if (argumentError != nullptr)
-                    *argumentError = static_cast<UINT>(at[i]);
-                return coerced == DISP_E_OVERFLOW ? coerced : DISP_E_TYPEMISMATCH;
-            }
-        }
-        VARIANT given;
-        VariantInit(&given);
-        const HRESULT status = member->call(instance, arguments.values(), &given);
-        if (FAILED(status))
-            return reportException(status, exception);
-        if (result != nullptr)
-            *result = given;
-        else
-            VariantClear(&given);
-        return status;
+        return automation::detail::invokeDescribed(m_described, instance, id, flags, parameters, result,
+                                                   exception, argumentError);
     }
 
     HRESULT STDMETHODCALLTYPE GetDocumentation(MEMBERID id, BSTR* name, BSTR* docString, DWORD* helpContext,
@@ -231,7 +114,7 @@ public:
     {
         const wchar_t* named = m_described.name;
         if (id != MEMBERID_NIL) {
-            const DescribedMember* member = find(id, INVOKE_FUNC | INVOKE_PROPERTYGET | INVOKE_PROPERTYPUT);
+            const DescribedMember* member = findMember(m_described, id, kAnyWay);
             if (member == nullptr)
                 return TYPE_E_ELEMENTNOTFOUND;
             named = member->name;
@@ -259,17 +142,6 @@ private:
     friend ComObject;  // only the last Release deletes it
     ~DescribedTypeInfo() = default;
 
-    // The member of that DISPID that answers one of the ways of calling in `flags`.
-    const DescribedMember* find(MEMBERID id, WORD flags) const
-    {
-        for (UINT m = 0; m < m_described.memberCount; ++m) {
-            const DescribedMember& member = m_described.members[m];
-            if (member.id == id && (member.kind & flags) != 0)
-                return &member;
-        }
-        return nullptr;
-    }
-
     const DescribedInterface& m_described;
 };
 
@@ -281,19 +153,4 @@ HRESULT CreateDescribedTypeInfo(const DescribedInterface* described, ITypeInfo**
         return E_INVALIDARG;
     *typeInfo = new DescribedTypeInfo(*described);
     return S_OK;
-}
-
-HRESULT DispGetIDsOfNames(ITypeInfo* typeInfo, LPOLESTR* names, UINT count, DISPID* ids)
-{
-    if (typeInfo == nullptr)
-        return E_INVALIDARG;
-    return typeInfo->GetIDsOfNames(names, count, ids);
-}
-
-HRESULT DispInvoke(void* instance, ITypeInfo* typeInfo, DISPID member, WORD flags, DISPPARAMS* parameters,
-                   VARIANT* result, EXCEPINFO* exception, UINT* argumentError)
-{
-    if (typeInfo == nullptr)
-        return E_INVALIDARG;
-    return typeInfo->Invoke(instance, member, flags, parameters, result, exception, argumentError);
 }

@@ -1,5 +1,6 @@
 // Error information records and the calling thread's slot for the latest one.
 #include <new>
+#include <optional>
 #include <string>
 
 #include "automation.h"
@@ -51,18 +52,25 @@ public:
     }
 
 private:
-    // The texts are kept as plain strings: a pending record holds no BSTR.
-    static HRESULT give(const std::wstring& text, BSTR* copy)
+    // The texts are kept as plain strings: a pending record holds no BSTR. A text never set (or
+    // set to null) is given as a null BSTR, as the platform gives it, not as an empty one.
+    using Text = std::optional<std::wstring>;
+
+    static HRESULT give(const Text& text, BSTR* copy)
     {
         if (copy == nullptr)
             return E_INVALIDARG;
-        *copy = SysAllocStringLen(text.data(), static_cast<UINT>(text.size()));
+        if (!text) {
+            *copy = nullptr;
+            return S_OK;
+        }
+        *copy = SysAllocStringLen(text->data(), static_cast<UINT>(text->size()));
         return *copy == nullptr ? E_OUTOFMEMORY : S_OK;
     }
-    static HRESULT keep(LPCOLESTR text, std::wstring& kept)
+    static HRESULT keep(LPCOLESTR text, Text& kept)
     {
         try {
-            kept = text == nullptr ? L"" : text;
+            kept = text == nullptr ? Text() : Text(text);
             return S_OK;
         }
         catch (const std::bad_alloc&) {
@@ -71,9 +79,9 @@ private:
     }
 
     GUID m_guid{};
-    std::wstring m_source;
-    std::wstring m_description;
-    std::wstring m_helpFile;
+    Text m_source;
+    Text m_description;
+    Text m_helpFile;
     DWORD m_helpContext = 0;
 };
 

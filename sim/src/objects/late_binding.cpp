@@ -2,26 +2,12 @@
 
 #include "late_binding/type_library.h"
 
+#include <optional>
+#include <utility>
 #include <vector>
 
 namespace sim::detail {
 namespace {
-
-// The arguments as their caller wrote them: DISPPARAMS holds the positional ones last to first,
-// and the named ones (a property's new value) after them.
-std::vector<VARTYPE> arrivedTypes(const DISPPARAMS& parameters)
-{
-    std::vector<VARTYPE> types;
-    if (parameters.cNamedArgs > parameters.cArgs || (parameters.cArgs > 0 && parameters.rgvarg == nullptr))
-        return types;  // the dispatcher refuses such a call before any member runs
-    types.reserve(parameters.cArgs);
-    const UINT positional = parameters.cArgs - parameters.cNamedArgs;
-    for (UINT i = positional; i > 0; --i)
-        types.push_back(V_VT(&parameters.rgvarg[parameters.cNamedArgs + i - 1]));
-    for (UINT i = 0; i < parameters.cNamedArgs; ++i)
-        types.push_back(V_VT(&parameters.rgvarg[i]));
-    return types;
-}
 
 // The type a declared parameter is coerced to; 0 for those the dispatcher passes as given.
 VARTYPE coercedType(const TYPEDESC& declared)
@@ -71,24 +57,89 @@ private:
     FUNCDESC* m_function = nullptr;
 };
 
+// The arguments as their caller wrote them: DISPPARAMS holds the positional ones last to first,
+// and the named ones (a property's new value) after them.
+std::vector<VARTYPE> typesAsWritten(const DISPPARAMS& parameters)
+{
+    std::vector<VARTYPE> types;
+    types.reserve(parameters.cArgs);
+    const UINT positional = parameters.cArgs - parameters.cNamedArgs;
+    for (UINT i = positional; i > 0; --i)
+        types.push_back(V_VT(&parameters.rgvarg[parameters.cNamedArgs + i - 1]));
+    for (UINT i = 0; i < parameters.cNamedArgs; ++i)
+        types.push_back(V_VT(&parameters.rgvarg[i]));
+    return types;
+}
+
+// The variant types a call's member receives: none for a property get without parameters, which
+// passes what it is given on to the default member of the object it gives.
+std::vector<VARTYPE> arrivedTypes(const DISPPARAMS* parameters, const FUNCDESC* called)
+{
+    if (parameters == nullptr || parameters->cNamedArgs > parameters->cArgs ||
+        (parameters->cArgs > 0 && parameters->rgvarg == nullptr))
+        return {};  // the dispatcher refuses such a call before any member runs
+    if (called != nullptr && called->cParams == 0 && (called->invkind & INVOKE_PROPERTYGET) != 0)
+        return {};
+    return typesAsWritten(*parameters);
+}
+
+// While it lives, the host (if any) knows the call in progress as late-bound. A call the
+// dispatcher makes while serving it (a default member's, or one that converts an object argument
+// by its default value) marks its own arrival and gives the pending one back after it.
+class LateBoundArrival {
+public:
+    LateBoundArrival(HostCore* core, std::vector<VARTYPE> types) : m_core(core)
+    {
+        if (m_core != nullptr)
+            m_pending = std::exchange(m_core->lateBoundArrival, std::move(types));
+    }
+    ~LateBoundArrival()
+    {
+        if (m_core != nullptr)
+            m_core->lateBoundArrival = std::move(m_pending);
+    }
+    LateBoundArrival(const LateBoundArrival&) = delete;
+    LateBoundArrival& operator=(const LateBoundArrival&) = delete;
+
+private:
+    HostCore* m_core;
+    std::optional<std::vector<VARTYPE>> m_pending;
+};
+
+// The argument a dispatcher hands to declared parameter `at` of `function`: the named one for
+// its position (the last parameter's also the value named DISPID_PROPERTYPUT), else the next
+// positional one, counted by `positionalTaken`; -1 when there is none.
+int argumentFor(const FUNCDESC& function, const DISPPARAMS& parameters, UINT at, UINT& positionalTaken)
+{
+    for (UINT j = 0; j < parameters.cNamedArgs; ++j) {
+        const DISPID name = parameters.rgdispidNamedArgs[j];
+        if (name == static_cast<DISPID>(at) ||
+            (at + 1 == static_cast<UINT>(function.cParams) && name == DISPID_PROPERTYPUT))
+            return static_cast<int>(j);
+    }
+    if (positionalTaken + parameters.cNamedArgs < parameters.cArgs)
+        return static_cast<int>(parameters.cArgs - 1 - positionalTaken++);
+    return -1;
+}
+
 // The dispatcher refuses an argument it cannot coerce without saying which; the caller is told
-// the first one in DISPPARAMS' order that does not convert to its declared type.
+// the one it stopped at, the first in declared order that does not convert to its parameter's type.
 void locateMismatch(const FUNCDESC& function, const DISPPARAMS& parameters, UINT* argumentError)
 {
     if (argumentError == nullptr)
         return;
-    for (UINT i = 0; i < parameters.cArgs; ++i) {
-        const UINT declaredAt = parameters.cArgs - 1 - i;
-        if (declaredAt >= static_cast<UINT>(function.cParams))
+    UINT positionalTaken = 0;
+    for (UINT at = 0; at < static_cast<UINT>(function.cParams); ++at) {
+        const int given = argumentFor(function, parameters, at, positionalTaken);
+        const VARTYPE target = coercedType(function.lprgelemdescParam[at].tdesc);
+        if (given < 0 || target == 0)
             continue;
-        const VARTYPE target = coercedType(function.lprgelemdescParam[declaredAt].tdesc);
         VARIANT converted;
         VariantInit(&converted);
-        const bool converts =
-            target == 0 || SUCCEEDED(VariantChangeType(&converted, &parameters.rgvarg[i], 0, target));
+        const bool converts = SUCCEEDED(VariantChangeType(&converted, &parameters.rgvarg[given], 0, target));
         VariantClear(&converted);
         if (!converts) {
-            *argumentError = i;
+            *argumentError = static_cast<UINT>(given);
             return;
         }
     }
@@ -118,6 +169,8 @@ HRESULT findDispatchIds(const IID& interfaceId, REFIID reserved, LPOLESTR* names
 {
     if (reserved != IID_NULL)
         return DISP_E_UNKNOWNINTERFACE;
+    if (names == nullptr || ids == nullptr)
+        return E_INVALIDARG;
     ITypeInfoPtr typeInfo;
     const HRESULT found = hostTypeInfo(interfaceId, &typeInfo);
     if (FAILED(found))
@@ -125,38 +178,23 @@ HRESULT findDispatchIds(const IID& interfaceId, REFIID reserved, LPOLESTR* names
     return DispGetIDsOfNames(typeInfo, names, count, ids);
 }
 
-HRESULT invokeByDispatchId(void* object, const IID& interfaceId, DISPID member, REFIID reserved, WORD flags,
-                           DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* exception, UINT* argumentError)
+HRESULT invokeByDispatchId(HostCore* core, void* object, const IID& interfaceId, DISPID member,
+                           REFIID reserved, WORD flags, DISPPARAMS* parameters, VARIANT* result,
+                           EXCEPINFO* exception, UINT* argumentError)
 {
     if (reserved != IID_NULL)
         return DISP_E_UNKNOWNINTERFACE;
-    if (parameters == nullptr)
-        return E_INVALIDARG;
     ITypeInfoPtr typeInfo;
     const HRESULT found = hostTypeInfo(interfaceId, &typeInfo);
     if (FAILED(found))
         return found;
     const CalledMember called(typeInfo, member, flags);
-    // More arguments than the member takes are refused here, as a dispatcher may instead drop the
-    // surplus silently: a caller that passed them meant another member.
-    if (called && parameters->cArgs > static_cast<UINT>(called->cParams))
-        return DISP_E_BADPARAMCOUNT;
-    const HRESULT status = DispInvoke(object, typeInfo, member, flags, parameters, result, exception, argumentError);
+    const LateBoundArrival arrival(core, arrivedTypes(parameters, called ? &*called : nullptr));
+    const HRESULT status =
+        DispInvoke(object, typeInfo, member, flags, parameters, result, exception, argumentError);
     if (status == DISP_E_TYPEMISMATCH && called)
         locateMismatch(*called, *parameters, argumentError);
     return status;
-}
-
-LateBoundArrival::LateBoundArrival(HostCore* core, const DISPPARAMS* parameters) : m_core(core)
-{
-    if (m_core != nullptr && parameters != nullptr)
-        m_core->lateBoundArrival = arrivedTypes(*parameters);
-}
-
-LateBoundArrival::~LateBoundArrival()
-{
-    if (m_core != nullptr)
-        m_core->lateBoundArrival.reset();
 }
 
 }  // namespace sim::detail

@@ -12,24 +12,21 @@ namespace sim::detail {
 
 HRESULT giveTypeInfoCount(UINT* count);
 HRESULT giveTypeInfo(const IID& interfaceId, UINT index, ITypeInfo** typeInfo);
+// The platform's dispatcher answers for the names, except for a null name or id array, which it
+// would read; those are refused here with E_INVALIDARG, as is a reserved id other than IID_NULL
+// (DISP_E_UNKNOWNINTERFACE).
 HRESULT findDispatchIds(const IID& interfaceId, REFIID reserved, LPOLESTR* names, UINT count, DISPID* ids);
 
-// `object` is the interface pointer whose vtable the interface's type information describes.
-HRESULT invokeByDispatchId(void* object, const IID& interfaceId, DISPID member, REFIID reserved, WORD flags,
-                           DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* exception, UINT* argumentError);
-
-// While it lives, the host (if any) knows the call in progress as late-bound (Call::lateBound),
-// with the variant types its arguments arrived as.
-class LateBoundArrival {
-public:
-    LateBoundArrival(HostCore* core, const DISPPARAMS* parameters);
-    ~LateBoundArrival();
-    LateBoundArrival(const LateBoundArrival&) = delete;
-    LateBoundArrival& operator=(const LateBoundArrival&) = delete;
-
-private:
-    HostCore* m_core;
-};
+// Serves a call on `object`, the interface pointer whose vtable the interface's type information
+// describes, through the platform's dispatcher, which answers for everything but a reserved id
+// other than IID_NULL (DISP_E_UNKNOWNINTERFACE) and the argument puArgErr names when an argument
+// does not convert (DISP_E_TYPEMISMATCH), which this adds. While the call lasts, `core` (if any)
+// knows it as late-bound (Call::lateBound), with the variant types its arguments arrived as; the
+// arguments a property get passes on to the default member of the object it gives are that
+// member's, not the property's.
+HRESULT invokeByDispatchId(HostCore* core, void* object, const IID& interfaceId, DISPID member,
+                           REFIID reserved, WORD flags, DISPPARAMS* parameters, VARIANT* result,
+                           EXCEPINFO* exception, UINT* argumentError);
 
 // The IDispatch of an object whose interface the host's type library describes: calls by name
 // reach the object's own typed members.
@@ -48,9 +45,8 @@ public:
     HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID reserved, LCID, WORD flags, DISPPARAMS* parameters,
                                      VARIANT* result, EXCEPINFO* exception, UINT* argumentError) override
     {
-        const LateBoundArrival arrival(lateBoundHost(), parameters);
-        return invokeByDispatchId(static_cast<Interface*>(this), __uuidof(Interface), member, reserved, flags,
-                                  parameters, result, exception, argumentError);
+        return invokeByDispatchId(lateBoundHost(), static_cast<Interface*>(this), __uuidof(Interface), member,
+                                  reserved, flags, parameters, result, exception, argumentError);
     }
 
 protected:

@@ -40,5 +40,6 @@ AUTOMATION_API HRESULT SetErrorInfo(ULONG reserved, IErrorInfo* info);
 // Hands the calling thread's record over to the caller and clears it; S_FALSE and null when
 // there is none.
 AUTOMATION_API HRESULT GetErrorInfo(ULONG reserved, IErrorInfo** info);
-// A new, empty record to fill in; query it for IErrorInfo to set it.
+// A new, empty record to fill in; query it for IErrorInfo to set it. Texts never set (or set to
+// null) are given back as null BSTRs, as the platform gives them.
 AUTOMATION_API HRESULT CreateErrorInfo(ICreateErrorInfo** info);
