@@ -180,13 +180,13 @@ AUTOMATION_API HRESULT VariantCopyInd(VARIANT* destination, VARIANTARG* source);
 // `destination` is left as it is on failure. The answers are the platform's for US English,
 // the one locale this runtime knows ("." before decimals, "," between thousands, "$", dates
 // M/D/YYYY h:mm:ss AM), for every pair of the supported types:
-// - Numbers, dates, VT_CY and VT_BOOL among each other: rounded half to even, DISP_E_OVERFLOW
-//   out of the target's range; integers of one width keep their bits across signedness
-//   (VT_UI4 0xFFFFFFFF is VT_I4 -1); VT_BOOL is -1 or 0 as a number, and any nonzero number is
-//   VARIANT_TRUE; VT_EMPTY is zero.
-// - To VT_BSTR: numbers in full ("12", "-1.5", "1E+20", "0.00001"), VT_CY with its decimals,
-//   dates as "1/2/2000 3:04:05 PM" (the day or the time alone when the other is zero), VT_BOOL as
-//   "-1"/"0", or "True"/"False" with VARIANT_ALPHABOOL; VT_EMPTY as "".
+// - Numbers, dates, VT_CY and VT_BOOL among each other (VT_INT and VT_UINT as VT_I4 and VT_UI4):
+//   rounded half to even, DISP_E_OVERFLOW out of the target's range; integers of one width keep
+//   their bits across signedness (VT_UI4 0xFFFFFFFF is VT_I4 -1); VT_BOOL is -1 or 0 as a
+//   number, and any nonzero number is VARIANT_TRUE; VT_EMPTY is zero.
+// - To VT_BSTR: numbers to 7 (VT_R4) or 15 digits ("12", "-1.5", "1E-05", "1E+20"), VT_CY with
+//   its decimals, dates as "1/2/2000 3:04:05 PM" (the day or the time alone when the other is
+//   zero), VT_BOOL as "-1"/"0", or "True"/"False" with VARIANT_ALPHABOOL; VT_EMPTY as "".
 // - From VT_BSTR: numbers with blanks, signs, parentheses, "$", thousands separators, decimals
 //   and exponents, hexadecimal "&H1F" and octal "&O17"; dates and times in the forms the platform
 //   reads ("1/2/2000", "January 2, 2000", "3:04 PM"); VT_BOOL also from "True"/"False" in any
