@@ -5,4 +5,7 @@
 export WINEPREFIX
 export WINEDEBUG=-all
 export WINEDLLOVERRIDES="mscoree,mshtml="
+# Wine takes the Windows locale from the process's environment, and the C locale is US English
+# there: numbers and dates are then written and read as the portable runtime does, on any machine.
+export LC_ALL=C.UTF-8
 exec wine "$@"

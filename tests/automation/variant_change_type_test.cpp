@@ -1,5 +1,11 @@
-// VariantChangeType between numbers, text and booleans, and between interfaces.
+// VariantChangeType where a single answer says too little: in place and through references, an
+// object's default value and its references, and sweeps of dates, integers and amounts through
+// their own text. Single answers, pair by pair, are the differential probe's (conversions).
 #include <gtest/gtest.h>
+
+#include <cstdint>
+#include <cwchar>
+#include <string>
 
 #include "automation.h"
 #include "test_text.h"
@@ -20,68 +26,95 @@ Converted convert(const _variant_t& value, VARTYPE type, USHORT flags = 0)
     return result;
 }
 
-// The converted value; the conversion must succeed.
-_variant_t converted(const _variant_t& value, VARTYPE type)
+std::wstring textFrom(const _variant_t& value)
 {
-    Converted result = convert(value, type);
-    EXPECT_EQ(result.status, S_OK) << "to type " << type;
-    return result.value;
+    const Converted converted = convert(value, VT_BSTR);
+    EXPECT_EQ(converted.status, S_OK);
+    return V_VT(&converted.value) == VT_BSTR ? textOf(V_BSTR(&converted.value)) : std::wstring();
 }
 
-std::wstring textFrom(const _variant_t& value, USHORT flags = 0)
+_variant_t date(double day)
 {
-    const Converted converted = convert(value, VT_BSTR, flags);
-    EXPECT_EQ(converted.status, S_OK);
-    EXPECT_NE(V_BSTR(&converted.value), nullptr);
-    return textOf(V_BSTR(&converted.value));
+    return _variant_t(day, VT_DATE);
+}
+
+_variant_t currency(std::int64_t tenThousandths)
+{
+    VARIANT amount;
+    VariantInit(&amount);
+    V_VT(&amount) = VT_CY;
+    V_CY(&amount).int64 = tenThousandths;
+    return _variant_t(amount, false);
+}
+
+// An object whose default member gives `value`, counting the calls and the references it holds;
+// the test owns it.
+class ValuedObject final : public IDispatch {
+public:
+    explicit ValuedObject(const _variant_t& value) : m_value(value) {}
+    ValuedObject(const ValuedObject&) = delete;
+    ValuedObject& operator=(const ValuedObject&) = delete;
+
+    int calls() const { return m_calls; }
+    ULONG references() const { return m_references; }
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override
+    {
+        *object = IsEqualIID(iid, IID_IUnknown) || IsEqualIID(iid, IID_IDispatch) ? this : nullptr;
+        if (*object == nullptr)
+            return E_NOINTERFACE;
+        AddRef();
+        return S_OK;
+    }
+    ULONG STDMETHODCALLTYPE AddRef() override { return ++m_references; }
+    ULONG STDMETHODCALLTYPE Release() override { return --m_references; }
+    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override
+    {
+        return E_NOTIMPL;
+    }
+    HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID, LCID, WORD flags, DISPPARAMS* parameters,
+                                     VARIANT* result, EXCEPINFO*, UINT*) override
+    {
+        ++m_calls;
+        if (member != DISPID_VALUE || flags != DISPATCH_PROPERTYGET || parameters == nullptr ||
+            parameters->cArgs != 0 || result == nullptr)
+            return DISP_E_MEMBERNOTFOUND;
+        return VariantCopy(result, &m_value);
+    }
+
+private:
+    _variant_t m_value;
+    int m_calls = 0;
+    ULONG m_references = 0;
+};
+
+// The calendar day a date's text names, read back from that text.
+struct Day {
+    int month, day, year;
+};
+
+Day dayOf(double serial)
+{
+    const std::wstring text = textFrom(date(serial));
+    Day day{0, 0, 0};
+    EXPECT_EQ(swscanf(text.c_str(), L"%d/%d/%d", &day.month, &day.day, &day.year), 3) << text;
+    return day;
+}
+
+bool isLeap(int year)
+{
+    return year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
+}
+
+int lengthOf(int month, int year)
+{
+    static const int kDays[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    return month == 2 && isLeap(year) ? 29 : kDays[month - 1];
 }
 
 }  // namespace
-
-TEST(VariantChangeType, WritesNumbersAndBooleansAsText)
-{
-    EXPECT_EQ(textFrom(_variant_t(42L)), L"42");
-    EXPECT_EQ(textFrom(_variant_t(-7)), L"-7");
-    EXPECT_EQ(textFrom(_variant_t(1.5)), L"1.5");
-    EXPECT_EQ(textFrom(_variant_t(0.1)), L"0.1");
-    EXPECT_EQ(textFrom(_variant_t(1e20)), L"1E+20");
-    EXPECT_EQ(textFrom(_variant_t(123456789012.0)), L"123456789012");
-    EXPECT_EQ(textFrom(_variant_t(true)), L"-1");
-    EXPECT_EQ(textFrom(_variant_t()), L"");
-    EXPECT_EQ(textFrom(_variant_t(false), VARIANT_ALPHABOOL), L"False");
-}
-
-TEST(VariantChangeType, ReadsNumbersAndBooleansFromTextAndNothingFromNull)
-{
-    EXPECT_EQ(converted(_variant_t(L" 12 "), VT_I4).lVal, 12);
-    EXPECT_EQ(converted(_variant_t(L"1,000"), VT_I4).lVal, 1000);
-    EXPECT_EQ(converted(_variant_t(L"1.5e3"), VT_R8).dblVal, 1500.0);
-    EXPECT_EQ(converted(_variant_t(L"True"), VT_BOOL).boolVal, VARIANT_TRUE);
-    EXPECT_EQ(converted(_variant_t(L"0"), VT_BOOL).boolVal, VARIANT_FALSE);
-
-    for (const wchar_t* notANumber : {L"abc", L"", L"0x10", L"12abc"})
-        EXPECT_EQ(convert(_variant_t(notANumber), VT_I4).status, DISP_E_TYPEMISMATCH) << notANumber;
-
-    // Empty is zero; null and the missing argument are nothing.
-    EXPECT_EQ(converted(_variant_t(), VT_I4).lVal, 0);
-    _variant_t null;
-    V_VT(&null) = VT_NULL;
-    EXPECT_EQ(convert(null, VT_I4).status, DISP_E_TYPEMISMATCH);
-    EXPECT_EQ(convert(null, VT_EMPTY).status, DISP_E_TYPEMISMATCH);
-    EXPECT_EQ(convert(vtMissing, VT_I4).status, DISP_E_TYPEMISMATCH);
-}
-
-TEST(VariantChangeType, RoundsHalfToEvenAndReportsOverflow)
-{
-    EXPECT_EQ(converted(_variant_t(2.5), VT_I4).lVal, 2);
-    EXPECT_EQ(converted(_variant_t(3.5), VT_I4).lVal, 4);
-    EXPECT_EQ(converted(_variant_t(-2.5), VT_I4).lVal, -2);
-    EXPECT_EQ(converted(_variant_t(L"2.5"), VT_I4).lVal, 2);
-
-    EXPECT_EQ(convert(_variant_t(70000L), VT_I2).status, DISP_E_OVERFLOW);
-    EXPECT_EQ(convert(_variant_t(L"-7"), VT_UI1).status, DISP_E_OVERFLOW);
-    EXPECT_EQ(convert(_variant_t(3e9), VT_I4).status, DISP_E_OVERFLOW);
-}
 
 TEST(VariantChangeType, ConvertsInPlaceOrThroughAReferenceAndKeepsTheDestinationOnFailure)
 {
@@ -94,7 +127,9 @@ TEST(VariantChangeType, ConvertsInPlaceOrThroughAReferenceAndKeepsTheDestination
     _variant_t reference;
     V_VT(&reference) = VT_BYREF | VT_R8;
     V_R8REF(&reference) = &number;
-    EXPECT_EQ(converted(reference, VT_I4).lVal, 4);
+    const Converted throughReference = convert(reference, VT_I4);
+    ASSERT_EQ(throughReference.status, S_OK);
+    EXPECT_EQ(V_I4(&throughReference.value), 4);
 
     _variant_t destination(L"kept");
     _variant_t source(L"not a number");
@@ -120,4 +155,82 @@ TEST(VariantChangeType, AsksAnObjectForTheOtherInterface)
     ASSERT_EQ(CreateErrorInfo(&record), S_OK);
     _variant_t plainUnknown(static_cast<IUnknown*>(record), false);
     EXPECT_EQ(convert(plainUnknown, VT_DISPATCH).status, E_NOINTERFACE);
+}
+
+TEST(VariantChangeType, AnObjectStandsForItsDefaultValueOnceAndIsLeftAsItWas)
+{
+    ValuedObject object(_variant_t(L"12"));
+    {
+        _variant_t held(static_cast<IDispatch*>(&object));
+        const Converted number = convert(held, VT_I4);
+        ASSERT_EQ(number.status, S_OK);
+        EXPECT_EQ(V_I4(&number.value), 12);
+        EXPECT_EQ(object.calls(), 1);
+
+        // The caller's flags stay with the caller: the value's own conversion does not see them.
+        ValuedObject yes(_variant_t(true));
+        _variant_t heldYes(static_cast<IDispatch*>(&yes));
+        const Converted text = convert(heldYes, VT_BSTR, VARIANT_ALPHABOOL);
+        ASSERT_EQ(text.status, S_OK);
+        EXPECT_EQ(textOf(V_BSTR(&text.value)), L"-1");
+
+        EXPECT_EQ(convert(held, VT_R8, VARIANT_NOVALUEPROP).status, DISP_E_TYPEMISMATCH);
+        EXPECT_EQ(object.calls(), 1);
+        EXPECT_EQ(object.references(), 1u);
+    }
+    EXPECT_EQ(object.references(), 0u);
+}
+
+// Day after day across the centuries whose leap rules differ, each date's text names the day
+// after the one before, and reads back as that date.
+TEST(VariantChangeType, EveryDayOfTheCalendarIsTheDayAfterTheOneBefore)
+{
+    // The first days of the years 100, 1599, 1699 and 1999, 31 December 1899, and the first days of
+    // 2099 and 9998: each window holds a year whose February the leap rules decide.
+    for (const double firstDay : {-657434.0, -109936.0, -73411.0, 1.0, 36161.0, 72686.0, 2957736.0}) {
+        Day previous = dayOf(firstDay);
+        for (double serial = firstDay + 1; serial < firstDay + 730 && serial <= 2958465.0; ++serial) {
+            const Day day = dayOf(serial);
+            const bool nextInMonth = day.day == previous.day + 1 && day.month == previous.month;
+            const bool nextMonth = previous.day == lengthOf(previous.month, previous.year) && day.day == 1 &&
+                                   (day.month == previous.month % 12 + 1);
+            ASSERT_TRUE(nextInMonth || nextMonth) << serial;
+            ASSERT_EQ(day.year, previous.year + (previous.month == 12 && day.month == 1 ? 1 : 0)) << serial;
+
+            const Converted back = convert(_variant_t(textFrom(date(serial)).c_str()), VT_DATE);
+            ASSERT_EQ(back.status, S_OK) << serial;
+            ASSERT_EQ(V_DATE(&back.value), serial);
+            previous = day;
+        }
+    }
+}
+
+// Times to the second, before and after day 0, read back from their text as the same text.
+TEST(VariantChangeType, DatesWithTimesReadBackFromTheirText)
+{
+    for (double day = -657434.0; day <= 2958465.0; day += 7919.0) {
+        for (int second = 0; second < 86400; second += 4817) {
+            const double serial = day + (day < 0 ? -1.0 : 1.0) * second / 86400.0;
+            const std::wstring text = textFrom(date(serial));
+            const Converted back = convert(_variant_t(text.c_str()), VT_DATE);
+            ASSERT_EQ(back.status, S_OK) << text;
+            ASSERT_EQ(textFrom(back.value), text);
+        }
+    }
+}
+
+TEST(VariantChangeType, IntegersAndAmountsReadBackFromTheirText)
+{
+    for (std::int64_t number = INT32_MIN; number <= INT32_MAX; number += 65521) {
+        const _variant_t value(static_cast<long>(number));
+        const Converted back = convert(_variant_t(textFrom(value).c_str()), VT_I4);
+        ASSERT_EQ(back.status, S_OK) << number;
+        ASSERT_EQ(V_I4(&back.value), static_cast<long>(number));
+    }
+    // Amounts whose ten-thousandths a double still holds exactly.
+    for (std::int64_t amount = -100000000000000; amount <= 100000000000000; amount += 10000000019) {
+        const Converted back = convert(_variant_t(textFrom(currency(amount)).c_str()), VT_CY);
+        ASSERT_EQ(back.status, S_OK) << amount;
+        ASSERT_EQ(V_CY(&back.value).int64, amount);
+    }
 }

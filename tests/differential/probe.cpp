@@ -1,6 +1,8 @@
 // The probe's runner and the texts its outcomes are written in.
 #include "probe.h"
 
+#include <charconv>
+#include <cmath>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -78,16 +80,32 @@ std::string hex(uint64_t number, int digits)
 }
 
 // The shortest decimal text that reads back as the same double, so that both builds print a
-// value alike whatever their C libraries' defaults.
+// value alike whatever their C libraries' defaults; NaN and the infinities by name, since C
+// libraries spell them differently.
 std::string exactly(double number)
 {
+    if (number != number)
+        return "NaN";
+    if (number == HUGE_VAL || number == -HUGE_VAL)
+        return number > 0 ? "Infinity" : "-Infinity";
     char buffer[40];
-    for (int precision = 1; precision <= 17; ++precision) {
-        std::snprintf(buffer, sizeof buffer, "%.*g", precision, number);
-        if (std::strtod(buffer, nullptr) == number || number != number)
-            break;
+    const auto written = std::to_chars(buffer, buffer + sizeof buffer, number);
+    return std::string(buffer, written.ptr);
+}
+
+// A currency amount in full: its ten-thousandths as decimals, without trailing zeros.
+std::string currency(const CY& amount)
+{
+    const bool negative = amount.int64 < 0;
+    const uint64_t magnitude = negative ? 0 - static_cast<uint64_t>(amount.int64) : static_cast<uint64_t>(amount.int64);
+    std::string written = (negative ? "-" : "") + std::to_string(magnitude / 10000);
+    if (const uint64_t fraction = magnitude % 10000; fraction != 0) {
+        char decimals[8];
+        std::snprintf(decimals, sizeof decimals, ".%04u", static_cast<unsigned>(fraction));
+        written += decimals;
+        written.erase(written.find_last_not_of('0') + 1);
     }
-    return buffer;
+    return written;
 }
 
 std::string typeName(VARTYPE type)
@@ -121,6 +139,7 @@ std::string basicValue(VARTYPE type, const void* data)
     case VT_UI8: return "UI8 " + std::to_string(*static_cast<const unsigned long long*>(data));
     case VT_R4: return "R4 " + exactly(*static_cast<const float*>(data));
     case VT_R8: return "R8 " + exactly(*static_cast<const double*>(data));
+    case VT_CY: return "CY " + currency(*static_cast<const CY*>(data));
     case VT_DATE: return "DATE " + exactly(*static_cast<const double*>(data));
     case VT_BOOL: return "BOOL " + std::to_string(*static_cast<const VARIANT_BOOL*>(data));
     case VT_ERROR: return "ERROR " + status(*static_cast<const SCODE*>(data));

@@ -23,9 +23,9 @@ bool add(const char* group, const char* name, Case body);
 std::string status(HRESULT value);
 
 // A variant's type and value: "EMPTY", "I4 -1", "BOOL -1", "R8 0.5" (shortest text that reads back
-// exactly), "BSTR \"a\\u00e9\"", "BSTR null", "DISPATCH object", "DISPATCH null", "ERROR
-// DISP_E_PARAMNOTFOUND", "BYREF I4 7", "ARRAY VARIANT [2]". Types it does not know print as
-// "VT 0x...".
+// exactly; "NaN", "Infinity"), "CY 12.5" (every decimal kept), "BSTR \"a\\u00e9\"", "BSTR null",
+// "DISPATCH object", "DISPATCH null", "ERROR DISP_E_PARAMNOTFOUND", "BYREF I4 7", "ARRAY VARIANT [2]".
+// Types it does not know print as "VT 0x...".
 std::string value(const VARIANT& variant);
 
 // A wide text in double quotes, escaped as value() escapes a BSTR; "null" for a null pointer.

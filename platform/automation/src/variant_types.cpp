@@ -27,6 +27,7 @@ TypeTraits traitsOf(VARTYPE basicType)
     case VT_I8:
     case VT_UI8:
     case VT_R8:
+    case VT_CY:
     case VT_DATE:
         return {8, Storage::Value};
     case VT_BSTR:

@@ -1,8 +1,8 @@
 // SAFEARRAY: the bounded array of automation, one-dimensional here, with the platform's layout.
 //
 // Element types: VT_I1, VT_UI1, VT_I2, VT_UI2, VT_I4, VT_UI4, VT_INT, VT_UINT, VT_I8, VT_UI8,
-// VT_R4, VT_R8, VT_DATE, VT_BOOL, VT_ERROR, VT_BSTR, VT_VARIANT, VT_DISPATCH and VT_UNKNOWN. The
-// array owns its strings, variants and references, and frees them when destroyed.
+// VT_R4, VT_R8, VT_CY, VT_DATE, VT_BOOL, VT_ERROR, VT_BSTR, VT_VARIANT, VT_DISPATCH and
+// VT_UNKNOWN. The array owns its strings, variants and references, and frees them when destroyed.
 #pragma once
 
 #include "automation/export.h"

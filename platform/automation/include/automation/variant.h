@@ -58,6 +58,16 @@ enum VARENUM {
     VT_TYPEMASK = 0x0FFF
 };
 
+// A currency amount: a count of ten-thousandths, as the platform keeps it.
+union tagCY {
+    struct {
+        std::uint32_t Lo;
+        std::int32_t Hi;
+    };
+    LONGLONG int64;
+};
+typedef tagCY CY;
+
 struct tagVARIANT {
     VARTYPE vt;
     WORD wReserved1;
@@ -73,6 +83,7 @@ struct tagVARIANT {
         VARIANT_BOOL boolVal;
         SCODE scode;
         DATE date;
+        CY cyVal;
         BSTR bstrVal;
         IUnknown* punkVal;
         IDispatch* pdispVal;
@@ -92,6 +103,7 @@ struct tagVARIANT {
         VARIANT_BOOL* pboolVal;
         SCODE* pscode;
         DATE* pdate;
+        CY* pcyVal;
         BSTR* pbstrVal;
         IUnknown** ppunkVal;
         IDispatch** ppdispVal;
@@ -126,6 +138,7 @@ typedef VARIANT* LPVARIANT;
 #define V_R4(X) ((X)->fltVal)
 #define V_R8(X) ((X)->dblVal)
 #define V_DATE(X) ((X)->date)
+#define V_CY(X) ((X)->cyVal)
 #define V_BOOL(X) ((X)->boolVal)
 #define V_ERROR(X) ((X)->scode)
 #define V_BSTR(X) ((X)->bstrVal)
@@ -135,6 +148,7 @@ typedef VARIANT* LPVARIANT;
 #define V_BYREF(X) ((X)->byref)
 #define V_I4REF(X) ((X)->plVal)
 #define V_R8REF(X) ((X)->pdblVal)
+#define V_CYREF(X) ((X)->pcyVal)
 #define V_BOOLREF(X) ((X)->pboolVal)
 #define V_BSTRREF(X) ((X)->pbstrVal)
 #define V_VARIANTREF(X) ((X)->pvarVal)
@@ -143,8 +157,8 @@ typedef VARIANT* LPVARIANT;
 #define V_ARRAYREF(X) ((X)->pparray)
 
 // Supported contents: VT_EMPTY, VT_NULL, the numbers (VT_I1 to VT_UI8, VT_INT, VT_UINT, VT_R4,
-// VT_R8, VT_DATE), VT_BOOL, VT_ERROR, VT_BSTR, VT_DISPATCH, VT_UNKNOWN, VT_ARRAY of the element
-// types a SAFEARRAY here holds, and VT_BYREF of any of them. Other types (VT_CY, VT_DECIMAL,
+// VT_R8, VT_CY, VT_DATE), VT_BOOL, VT_ERROR, VT_BSTR, VT_DISPATCH, VT_UNKNOWN, VT_ARRAY of the
+// element types a SAFEARRAY here holds, and VT_BYREF of any of them. Other types (VT_DECIMAL,
 // VT_RECORD) give DISP_E_BADVARTYPE, as invalid types do on the platform.
 
 AUTOMATION_API void VariantInit(VARIANTARG* variant);
@@ -162,10 +176,30 @@ AUTOMATION_API HRESULT VariantCopyInd(VARIANT* destination, VARIANTARG* source);
 #define VARIANT_NOVALUEPROP 0x01
 #define VARIANT_ALPHABOOL 0x02
 
-// Converts `source` to `type` into `destination` (which may be `source`). Between numbers (integers
-// rounded half to even, DISP_E_OVERFLOW out of range), VT_BOOL (nonzero is VARIANT_TRUE; as a
-// number -1 or 0; as text "True"/"False" with VARIANT_ALPHABOOL, else "-1"/"0"), VT_BSTR (numbers
-// written and read in the C locale), VT_EMPTY (zero, an empty string), VT_UNKNOWN and VT_DISPATCH
-// (by QueryInterface). Anything but VT_NULL converts to VT_EMPTY or VT_NULL, VT_NULL to nothing
-// but itself; other pairs give DISP_E_TYPEMISMATCH. `destination` is left as it is on failure.
+// Converts `source` (or what it refers to) to `type` into `destination`, which may be `source`;
+// `destination` is left as it is on failure. The answers are the platform's for US English,
+// the one locale this runtime knows ("." before decimals, "," between thousands, "$", dates
+// M/D/YYYY h:mm:ss AM), for every pair of the supported types:
+// - Numbers, dates, VT_CY and VT_BOOL among each other (VT_INT and VT_UINT as VT_I4 and VT_UI4):
+//   rounded half to even, DISP_E_OVERFLOW out of the target's range; integers of one width keep
+//   their bits across signedness (VT_UI4 0xFFFFFFFF is VT_I4 -1); VT_BOOL is -1 or 0 as a
+//   number, and any nonzero number is VARIANT_TRUE; VT_EMPTY is zero.
+// - To VT_BSTR: numbers to 7 (VT_R4) or 15 digits ("12", "-1.5", "1E-05", "1E+20"), VT_CY with
+//   its decimals, dates as "1/2/2000 3:04:05 PM" (the day or the time alone when the other is
+//   zero), VT_BOOL as "-1"/"0", or "True"/"False" with VARIANT_ALPHABOOL; VT_EMPTY as "".
+// - From VT_BSTR: numbers with blanks, signs, parentheses, "$", thousands separators, decimals
+//   and exponents, hexadecimal "&H1F" and octal "&O17"; dates and times in the forms the platform
+//   reads ("1/2/2000", "January 2, 2000", "3:04 PM"); VT_BOOL also from "True"/"False" in any
+//   case and "#TRUE#"/"#FALSE#". DISP_E_TYPEMISMATCH for a text that is none of these.
+// - VT_DISPATCH to anything but VT_UNKNOWN: its default member (DISPID_VALUE), converted without
+//   `flags`; DISP_E_BADVARTYPE for a null object, and DISP_E_TYPEMISMATCH when the object gives
+//   no value or VARIANT_NOVALUEPROP is set. VT_UNKNOWN and VT_DISPATCH to each other by
+//   QueryInterface.
+// - Anything but VT_ERROR and VT_NULL to VT_EMPTY, and anything but VT_ERROR to VT_NULL.
+// Other pairs give DISP_E_TYPEMISMATCH; so does a null reference.
 AUTOMATION_API HRESULT VariantChangeType(VARIANTARG* destination, VARIANTARG* source, USHORT flags, VARTYPE type);
+// As VariantChangeType, for a locale this runtime knows: US English (0x0409), the user's or the
+// system's default (which are US English here) or the neutral locale; DISP_E_UNKNOWNLCID for any
+// other.
+AUTOMATION_API HRESULT VariantChangeTypeEx(VARIANTARG* destination, VARIANTARG* source, LCID locale, USHORT flags,
+                                           VARTYPE type);
