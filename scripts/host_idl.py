@@ -54,6 +54,7 @@ class Member:
     dispid: int
     parameters: list = field(default_factory=list)  # the caller's, in order
     result: str = None  # the [out, retval] type without its last '*', or None
+    result_name: str = None
     flags: list = field(default_factory=list)  # "restricted", "hidden"
 
     @property
@@ -132,6 +133,7 @@ def parse_member(declaration, interface):
         idl_type = parameter.group(2).replace(" ", "")
         if "retval" in flags:
             member.result = idl_type[:-1]
+            member.result_name = parameter.group(3)
         else:
             member.parameters.append(Parameter(parameter.group(3), idl_type, "optional" in flags))
     return member
@@ -352,8 +354,9 @@ def describe(idl, output):
                 result_vt = TYPES[member.result][1]
             kind = {"method": "INVOKE_FUNC", "propget": "INVOKE_PROPERTYGET", "propput": "INVOKE_PROPERTYPUT"}
             flags = " | ".join(FUNCTION_FLAGS[f] for f in member.flags) or "0"
+            result_name = f'L"{member.result_name}"' if member.result_name else "nullptr"
             rows.append(f'    {{L"{member.name}", {member.dispid}, {kind[member.kind]}, {parameters}, '
-                        f"{len(member.parameters)}, {result_vt}, {function}, {flags}}},")
+                        f"{len(member.parameters)}, {result_vt}, {function}, {flags}, {result_name}}},")
         out.append(f"const DescribedMember members_{interface.name}[] = {{")
         out.extend(rows)
         out.append("};\n")

@@ -44,6 +44,9 @@ for (var walk = new Enumerator(documents); !walk.atEnd(); walk.moveNext())
 checkEqual(names.join(";"), first.FullFileName + ";C:\\Projects\\Warehouse 12\\Drawings\\Shop\\B-101.dwg",
            "the open documents, walked in order");
 walk = null;
+// An index written after a property goes on to the collection it gives.
+checkEqual(app.Documents(1).FullFileName, "C:\\Projects\\Warehouse 12\\Drawings\\Shop\\B-101.dwg",
+           "a document by position in one call");
 
 // Opening a drawing the host cannot find fails with the host's status and description.
 try {

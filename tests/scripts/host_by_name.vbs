@@ -32,6 +32,11 @@ Dim mx : Set mx = groups.LoadMenuFile("C:\Program Files\MX\Support\MX")
 CheckEqual mx.Name, "MX", "the loaded group"
 CheckEqual groups.Count, 2, "menu groups after the load"
 CheckEqual groups("mx").Name, "MX", "a group found by name, Item being the default member"
+' An index written after a property goes on to the collection it gives.
+CheckEqual app.MenuGroups("MX").Name, "MX", "a group named in one line"
+CheckEqual app.MenuGroups(0).Name, "ZORB", "a group by position in one line"
+CheckEqual app.MenuGroups("MX").Toolbars("MX Main").TagString, "TB_MX_MAIN", "a toolbar named in one line"
+CheckEqual app.Documents(0).FullFileName, app.ActiveDocument.FullFileName, "a document by position in one line"
 
 ' Every collection walks with For Each, in the order of its positions.
 Dim g, walked : walked = ""
@@ -130,6 +135,10 @@ On Error Resume Next
 Dim missing : Set missing = groups.Item("NoSuchGroup")
 CheckEqual Hex(Err.Number), "8002000B", "the status of a missing group"
 CheckEqual Err.Description, "no menu group named 'NoSuchGroup'", "the host's description"
+Err.Clear
+Set missing = app.MenuGroups("NoSuchGroup")
+CheckEqual Hex(Err.Number), "8002000B", "the status of a missing group named in one line"
+CheckEqual Err.Description, "no menu group named 'NoSuchGroup'", "the inner call's description"
 Err.Clear
 ' A fault armed through the control is what the script meets.
 control.ArmFault "{""kind"": ""failCall"", ""method"": ""HostMenuGroups.get_Count"", ""status"": ""E_ACCESSDENIED""}"

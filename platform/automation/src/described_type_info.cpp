@@ -13,13 +13,16 @@ using automation::detail::inheritedDispatchMembers;
 using automation::detail::memberNamed;
 using automation::detail::sameName;
 
-// The position of the parameter called `name` among `member`'s; DISPID_UNKNOWN for none.
+// The position of the parameter called `name` among `member`'s, its result's last as in the type
+// library; DISPID_UNKNOWN for none.
 DISPID parameterNamed(const DescribedMember& member, const wchar_t* name)
 {
     for (SHORT p = 0; p < member.parameterCount; ++p) {
         if (sameName(member.parameters[p].name, name))
             return p;
     }
+    if (member.resultName != nullptr && sameName(member.resultName, name))
+        return member.parameterCount;
     return DISPID_UNKNOWN;
 }
 

@@ -25,6 +25,7 @@ struct DescribedMember {
     VARTYPE resultType;  // VT_EMPTY when the member gives nothing
     DescribedCall call;
     WORD flags;  // FUNCFLAG_FRESTRICTED, FUNCFLAG_FHIDDEN
+    const wchar_t* resultName;  // of the [out, retval] parameter, which names find after the others; or null
 };
 
 struct DescribedInterface {
