@@ -1,6 +1,8 @@
 // Drawings: opening, activating, closing, plotting and zooming.
 #include "sim_test.h"
 
+#include <limits>
+
 using namespace sim_testing;
 
 namespace {
@@ -157,6 +159,9 @@ TEST_F(Documents, PlotSettingsOutsideTheHostsRangesAreRefused)
     EXPECT_EQ(failureOf([&] { layout->PutPlotType(6); }).Error(), E_INVALIDARG);
     EXPECT_EQ(failureOf([&] { layout->SetWindowToPlot(_variant_t(0.0), pointOf(1, 1)); }).Error(),
               DISP_E_TYPEMISMATCH);
+    const double notANumber = std::numeric_limits<double>::quiet_NaN();
+    EXPECT_EQ(failureOf([&] { layout->SetWindowToPlot(pointOf(notANumber, 0), pointOf(1, 1)); }).Error(),
+              E_INVALIDARG);
     EXPECT_EQ(failureOf([&] { document->GetPlot()->PutNumberOfCopies(0); }).Error(), E_INVALIDARG);
     EXPECT_EQ(failureOf([&] { document->GetPlot()->SetLayoutsToPlot(_variant_t(L"Layout1")); }).Error(),
               DISP_E_TYPEMISMATCH);
@@ -178,6 +183,9 @@ TEST_F(Documents, ZoomWindowRecordsTheCornersOfTheHostsPointForm)
     V_VT(&point3d) = VT_ARRAY | VT_R8;
     V_ARRAY(&point3d) = SafeArrayCreateVector(VT_R8, 0, 3);
     EXPECT_EQ(failureOf([&] { application()->ZoomWindow(point3d, pointOf(1, 1)); }).Error(), E_INVALIDARG);
+    const double infinity = std::numeric_limits<double>::infinity();
+    EXPECT_EQ(failureOf([&] { application()->ZoomWindow(pointOf(0, 0), pointOf(1, infinity)); }).Error(),
+              E_INVALIDARG);
 
     state().activeDocument = nullptr;
     EXPECT_EQ(failureOf([] { application()->ZoomWindow(pointOf(0, 0), pointOf(1, 1)); }).Error(), E_FAIL);

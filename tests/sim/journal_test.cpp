@@ -34,6 +34,15 @@ TEST_F(JournalTest, ArgumentsKeepTheVariantTypeTheyCrossedAs)
     standard->Dock(1);
     EXPECT_EQ(last().arguments[0].type, VT_I4);
     EXPECT_EQ(last().object, "HostToolbar 'ZORB'/'TB_STANDARD'[0]");
+
+    // A reference to an array shows the array it points at.
+    _variant_t corner = pointOf(3, 4);
+    VARIANT reference;
+    V_VT(&reference) = VT_BYREF | VT_ARRAY | VT_R8;
+    V_ARRAYREF(&reference) = &V_ARRAY(&corner);
+    EXPECT_EQ(application()->raw_ZoomWindow(reference, reference), S_OK);
+    EXPECT_EQ(last().arguments[0].type, VT_BYREF | VT_ARRAY | VT_R8);
+    EXPECT_EQ(last().arguments[0].value, "[3, 4]");
 }
 
 TEST_F(JournalTest, ALineShowsMethodArgumentsObjectAndStatus)

@@ -77,6 +77,9 @@ std::string describeArray(VARTYPE elementType, SAFEARRAY* array)
 std::string describeVariantValue(const VARIANT& value)
 {
     const VARTYPE type = V_VT(&value);
+    // A reference to an array points at the array's own pointer.
+    if ((type & VT_ARRAY) && (type & VT_BYREF))
+        return V_ARRAYREF(&value) ? describeArray(type & VT_TYPEMASK, *V_ARRAYREF(&value)) : "null";
     if (type & VT_ARRAY)
         return describeArray(type & VT_TYPEMASK, V_ARRAY(&value));
     switch (type) {

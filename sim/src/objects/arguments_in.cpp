@@ -3,6 +3,7 @@
 #include "sim/journal.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace sim::detail {
 namespace {
@@ -203,6 +204,11 @@ bool readPoint(Call& call, const VARIANT& crossed, const std::wstring& which, do
     if (coordinates->elements.size() != 2) {
         call.fail(E_INVALIDARG, L"the " + which + L" has 2 coordinates, not " +
                                     std::to_wstring(coordinates->elements.size()));
+        return false;
+    }
+    // No drawing has a point at infinity or not a number, nor could a saved state hold one.
+    if (!std::isfinite(coordinates->elements[0]) || !std::isfinite(coordinates->elements[1])) {
+        call.fail(E_INVALIDARG, L"the " + which + L" has a coordinate that is not a finite number");
         return false;
     }
     x = coordinates->elements[0];
