@@ -8,21 +8,25 @@ namespace {
 
 const WORD kMethodOrGet = DISPATCH_METHOD | DISPATCH_PROPERTYGET;
 
-[[maybe_unused]] const bool kNewEnum = addCases(
-    "enumeration",
-    {
-        {"new_enum_as_method_or_get", Subject::groups, {DISPID_NEWENUM, kMethodOrGet}},
-        {"new_enum_as_method", Subject::groups, {DISPID_NEWENUM, DISPATCH_METHOD}},
-        {"new_enum_as_get", Subject::groups, {DISPID_NEWENUM, DISPATCH_PROPERTYGET}},
-        {"new_enum_as_put", Subject::groups, put(DISPID_NEWENUM, 0L)},
-        {"new_enum_by_name", Subject::toolbar, {L"_NewEnum", kMethodOrGet}},
-        {"new_enum_with_an_argument", Subject::groups, {DISPID_NEWENUM, kMethodOrGet, {0L}}},
-        {"new_enum_without_a_result", Subject::groups, resultIn(ResultSlot::none, {DISPID_NEWENUM})},
-        {"new_enum_over_a_text", Subject::groups, resultIn(ResultSlot::text, {DISPID_NEWENUM})},
-        {"new_enum_of_an_object_without_one", Subject::document, {DISPID_NEWENUM, kMethodOrGet}},
-        {"new_enum_refused", Subject::groups, {DISPID_NEWENUM, kMethodOrGet}, {}, true,
-         [](ProbedHost& host) { host.failCalls("HostMenuGroups._NewEnum"); }},
-    });
+[[maybe_unused]] const bool kNewEnum =
+    addCases("enumeration",
+             {
+                 {"new_enum_as_method_or_get", Subject::groups, {DISPID_NEWENUM, kMethodOrGet}},
+                 {"new_enum_as_method", Subject::groups, {DISPID_NEWENUM, DISPATCH_METHOD}},
+                 {"new_enum_as_get", Subject::groups, {DISPID_NEWENUM, DISPATCH_PROPERTYGET}},
+                 {"new_enum_as_put", Subject::groups, put(DISPID_NEWENUM, 0L)},
+                 {"new_enum_by_name", Subject::toolbar, {L"_NewEnum", kMethodOrGet}},
+                 {"new_enum_with_an_argument", Subject::groups, {DISPID_NEWENUM, kMethodOrGet, {0L}}},
+                 {"new_enum_without_a_result", Subject::groups, resultIn(ResultSlot::none, {DISPID_NEWENUM})},
+                 {"new_enum_over_a_text", Subject::groups, resultIn(ResultSlot::text, {DISPID_NEWENUM})},
+                 {"new_enum_of_an_object_without_one", Subject::document, {DISPID_NEWENUM, kMethodOrGet}},
+                 {"new_enum_refused",
+                  Subject::groups,
+                  {DISPID_NEWENUM, kMethodOrGet},
+                  {},
+                  true,
+                  [](ProbedHost& host) { host.failCalls("HostMenuGroups._NewEnum"); }},
+             });
 
 // The IEnumVARIANT that _NewEnum gives `collection`, held by the caller.
 IEnumVARIANTPtr enumerationOf(IDispatch* collection)
@@ -32,7 +36,7 @@ IEnumVARIANTPtr enumerationOf(IDispatch* collection)
     collection->Invoke(DISPID_NEWENUM, IID_NULL, LOCALE_USER_DEFAULT, kMethodOrGet, &none, &given, nullptr,
                        nullptr);
     return V_VT(&given) == VT_UNKNOWN || V_VT(&given) == VT_DISPATCH ? IEnumVARIANTPtr(V_UNKNOWN(&given))
-                                                                    : IEnumVARIANTPtr();
+                                                                     : IEnumVARIANTPtr();
 }
 
 // What Next(count) answered: its status, how many it says it gave, and each item given.
@@ -54,7 +58,8 @@ std::string next(IEnumVARIANT* walk, ULONG count)
 std::string walkToolbars(const std::function<std::string(IEnumVARIANT*)>& steps)
 {
     ProbedHost host;
-    IEnumVARIANTPtr walk = enumerationOf(host.reach({{L"MenuGroups"}, {L"Item", {_variant_t(0L)}}, {L"Toolbars"}}));
+    IEnumVARIANTPtr walk =
+        enumerationOf(host.reach({{L"MenuGroups"}, {L"Item", {_variant_t(0L)}}, {L"Toolbars"}}));
     if (!walk)
         return host.withReferencesLeft("no enumeration");
     std::string outcome = steps(walk);
@@ -96,8 +101,10 @@ PROBE_CASE(enumeration, interfaces_of_the_enumeration)
     return walkToolbars([](IEnumVARIANT* walk) {
         IDispatchPtr dispatch;
         IUnknownPtr unknown;
-        return " IDispatch " + probe::status(walk->QueryInterface(IID_IDispatch, reinterpret_cast<void**>(&dispatch))) +
-               " IUnknown " + probe::status(walk->QueryInterface(IID_IUnknown, reinterpret_cast<void**>(&unknown)));
+        return " IDispatch " +
+               probe::status(walk->QueryInterface(IID_IDispatch, reinterpret_cast<void**>(&dispatch))) +
+               " IUnknown " +
+               probe::status(walk->QueryInterface(IID_IUnknown, reinterpret_cast<void**>(&unknown)));
     });
 }
 
@@ -116,7 +123,8 @@ PROBE_CASE(enumeration, type_information_of_new_enum)
 {
     ProbedHost host;
     ITypeInfoPtr typeInfo;
-    std::string outcome = probe::status(host.reach(Subject::groups)->GetTypeInfo(0, LOCALE_USER_DEFAULT, &typeInfo));
+    std::string outcome =
+        probe::status(host.reach(Subject::groups)->GetTypeInfo(0, LOCALE_USER_DEFAULT, &typeInfo));
     TYPEATTR* attributes = nullptr;
     if (typeInfo && SUCCEEDED(typeInfo->GetTypeAttr(&attributes))) {
         for (UINT f = 0; f < attributes->cFuncs; ++f) {
@@ -125,8 +133,9 @@ PROBE_CASE(enumeration, type_information_of_new_enum)
                 continue;
             if (function->memid == DISPID_NEWENUM)
                 outcome += " invkind " + std::to_string(function->invkind) + " flags " +
-                           std::to_string(function->wFuncFlags) + " params " + std::to_string(function->cParams) +
-                           " result " + std::to_string(function->elemdescFunc.tdesc.vt);
+                           std::to_string(function->wFuncFlags) + " params " +
+                           std::to_string(function->cParams) + " result " +
+                           std::to_string(function->elemdescFunc.tdesc.vt);
             typeInfo->ReleaseFuncDesc(function);
         }
         typeInfo->ReleaseTypeAttr(attributes);
