@@ -8,6 +8,8 @@
 
 #include "support/sized_host.h"
 
+#include "sim/state_json.h"
+
 namespace {
 
 using namespace module_bench;
@@ -19,6 +21,7 @@ struct Scaling {
     int HostSizes::*size;     // grown to n, the other sizes stay 1
     bool givenGrows = false;  // the operation is also given n folders or snap entries
     int largest = 10000;      // the largest n run
+    bool groupMenusOnMenuBar = false;  // each of the groups has a menu on the menu bar
 };
 
 // Each of n new entries is compared with each of the n items, and on the simulated host each item
@@ -34,6 +37,7 @@ const Scaling kScalings[] = {
     {"removeMenuFromMenuBar", "groups", &HostSizes::menuGroups},
     {"getNumberOfMenusOnMenuBar", "bar_menus", &HostSizes::menuBarMenus},
     {"isMenuLoadedOnMenuBar", "bar_menus", &HostSizes::menuBarMenus},
+    {"isMenuLoadedOnMenuBar", "bar_menus_of_as_many_groups", &HostSizes::menuGroups, false, 10000, true},
     {"combineMenusOnMenuBar", "groups", &HostSizes::menuGroups},
     {"combineMenusOnMenuBar", "items", &HostSizes::menuItems},
     {"addMenuItemsToSnapMenu", "menus", &HostSizes::menus},
@@ -64,6 +68,37 @@ Targets sizedHostTargets()
             std::wstring(L"C:\\Menus\\") + module_testing::kSoughtGroup};
 }
 
+// A host state of n groups, each with a menu on the menu bar, written as JSON and read back: the
+// menu bar refers to the groups' menus, which must not make either quadratic.
+HostSizes groupsWithBarMenus(int n)
+{
+    HostSizes sizes;
+    sizes.menuGroups = n;
+    sizes.groupMenusOnMenuBar = true;
+    return sizes;
+}
+
+void dumpState(benchmark::State& state)
+{
+    const int n = static_cast<int>(state.range(0));
+    const sim::HostState host = module_testing::sizedHost(groupsWithBarMenus(n));
+    for (auto _ : state)
+        benchmark::DoNotOptimize(sim::stateToJson(host));
+    state.SetComplexityN(n);
+}
+
+void loadState(benchmark::State& state)
+{
+    const int n = static_cast<int>(state.range(0));
+    const nlohmann::json dumped = sim::stateToJson(module_testing::sizedHost(groupsWithBarMenus(n)));
+    for (auto _ : state)
+        benchmark::DoNotOptimize(sim::stateFromJson(dumped));
+    state.SetComplexityN(n);
+}
+
+BENCHMARK(dumpState)->Name("state/dump/groups_with_bar_menus")->RangeMultiplier(10)->Range(10, 10000)->Complexity();
+BENCHMARK(loadState)->Name("state/load/groups_with_bar_menus")->RangeMultiplier(10)->Range(10, 10000)->Complexity();
+
 const bool registered = [] {
     for (const Scaling& scaling : kScalings) {
         const Operation& operation = operationNamed(scaling.operation);
@@ -73,6 +108,7 @@ const bool registered = [] {
                                          const int n = static_cast<int>(state.range(0));
                                          HostSizes sizes;
                                          sizes.*scaling.size = n;
+                                         sizes.groupMenusOnMenuBar = scaling.groupMenusOnMenuBar;
                                          timeOperation(state, operation, module_testing::sizedHost(sizes),
                                                        sizedHostTargets(), scaling.givenGrows ? n : 1);
                                          state.SetComplexityN(n);

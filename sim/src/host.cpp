@@ -78,6 +78,8 @@ Host* Host::current()
 
 HostState& Host::state()
 {
+    // Whoever holds the state may change it in any way, which the host's indexes cannot see.
+    m_impl->installation.core().menuOwners.forget();
     return m_impl->installation.core().state;
 }
 const HostState& Host::state() const

@@ -3,6 +3,7 @@
 // of touching freed memory.
 #pragma once
 
+#include "menu_owners.h"
 #include "seats.h"
 #include "sim/journal.h"
 #include "sim/model.h"
@@ -25,6 +26,7 @@ struct HostCore {
     bool timingCalls = false;
     std::chrono::steady_clock::duration callTime{};  // spent inside calls while timingCalls
     Seats seats;  // where the calls last found the nodes of the objects called
+    MenuOwners menuOwners;  // the loaded group of each menu, for the menu bar's menus
     // Set while the dispatcher serves a late-bound call: the variant types of the caller's
     // arguments, which the call it reaches takes over.
     std::optional<std::vector<VARTYPE>> lateBoundArrival;

@@ -1,6 +1,8 @@
 // Deep comparison of the model: nodes compare by content, whatever their identities.
 #include "sim/model.h"
 
+#include "menu_places.h"
+
 #include <algorithm>
 
 namespace sim {
@@ -14,20 +16,6 @@ template <class Node> bool sameNode(const std::shared_ptr<Node>& a, const std::s
 template <class Nodes> bool sameNodes(const Nodes& a, const Nodes& b)
 {
     return std::equal(a.begin(), a.end(), b.begin(), b.end(), sameNode<typename Nodes::value_type::element_type>);
-}
-
-// Where a menu-bar menu sits among the loaded groups' menus: (group, menu), or (-1, -1).
-std::pair<long, long> placeOfMenu(const HostState& state, const PopupMenu* menu)
-{
-    for (size_t g = 0; g < state.menuGroups.size(); ++g) {
-        if (!state.menuGroups[g] || !menu)
-            continue;
-        const auto& menus = state.menuGroups[g]->menus;
-        for (size_t m = 0; m < menus.size(); ++m)
-            if (menus[m].get() == menu)
-                return {static_cast<long>(g), static_cast<long>(m)};
-    }
-    return {-1, -1};
 }
 
 template <class Node> long positionOf(const std::vector<std::shared_ptr<Node>>& nodes, const Node* node)
@@ -56,12 +44,20 @@ bool sameMenuBar(const HostState& a, const HostState& b)
 {
     if (a.menuBar.size() != b.menuBar.size())
         return false;
+    const auto aPlaces = detail::placesOfGroupMenus(a);
+    const auto bPlaces = detail::placesOfGroupMenus(b);
     for (size_t i = 0; i < a.menuBar.size(); ++i) {
-        const auto place = placeOfMenu(a, a.menuBar[i].get());
-        if (place != placeOfMenu(b, b.menuBar[i].get()))
+        const auto aPlace = a.menuBar[i] ? aPlaces.find(a.menuBar[i].get()) : aPlaces.end();
+        const auto bPlace = b.menuBar[i] ? bPlaces.find(b.menuBar[i].get()) : bPlaces.end();
+        if ((aPlace == aPlaces.end()) != (bPlace == bPlaces.end()))
             return false;
-        if (place.first < 0 && !sameNode(a.menuBar[i], b.menuBar[i]))
+        if (aPlace == aPlaces.end()) {
+            if (!sameNode(a.menuBar[i], b.menuBar[i]))
+                return false;
+        }
+        else if (aPlace->second.group != bPlace->second.group || aPlace->second.menu != bPlace->second.menu) {
             return false;
+        }
     }
     return true;
 }

@@ -60,6 +60,16 @@ public:
             m_at[Key{&nodes, nodes[position].get()}] = position;
     }
 
+    // Every node of `nodes` at the position it has now: one look at each.
+    template <class Nodes> void rememberAll(const Nodes& nodes)
+    {
+        for (size_t i = 0; i < nodes.size(); ++i) {
+            ++m_examined;
+            if (nodes[i])
+                m_at[Key{&nodes, nodes[i].get()}] = i;
+        }
+    }
+
     // Takes `node` out of `nodes`, where it must be, and forgets its seat.
     template <class Nodes, class Node> void remove(Nodes& nodes, const Node* node)
     {

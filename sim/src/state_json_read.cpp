@@ -8,12 +8,14 @@
 #include "fault_check.h"
 #include "json_names.h"
 #include "json_reader.h"
+#include "menu_places.h"
 #include "status_names.h"
 #include "text.h"
 
 #include <climits>
 #include <cstdint>
 #include <tuple>
+#include <unordered_map>
 
 namespace sim {
 namespace {
@@ -327,56 +329,92 @@ std::vector<Fault> readFaults(const JsonReader& in)
     return faults;
 }
 
-// The loaded group a menu-bar entry names: by name (letter case ignored) or by position.
-std::shared_ptr<MenuGroup> referencedGroup(const HostState& state, const JsonReader& in)
-{
-    if (in.isText()) {
-        const std::wstring name = in.text();
-        for (const auto& group : state.menuGroups)
-            if (group && text::equalNoCase(group->name, name))
-                return group;
-        in.fail("no loaded menu group '" + text::toUtf8(name) + "'");
-    }
-    const long long position = in.integer(0, kLongHighest);
-    if (position >= static_cast<long long>(state.menuGroups.size()) || !state.menuGroups[position])
-        in.fail("no loaded menu group at index " + std::to_string(position));
-    return state.menuGroups[position];
-}
+// What the menu bar's entries refer to, found through maps made once, so that a bar of many
+// groups' menus reads in linear time.
+class MenuBarReferences {
+public:
+    explicit MenuBarReferences(const HostState& state) : m_state(state), m_groupsByName(state) {}
 
-// A menu on the menu bar: a menu of a loaded group (by position, or by tag or name), or a menu
-// of its own that belongs to no group.
-std::shared_ptr<PopupMenu> readMenuBarEntry(const HostState& state, const JsonReader& in)
-{
-    if (in.isNull())
-        return nullptr;
-    in.expectObject({"menuGroup", "menu"});
-    const auto menu = in.member("menu");
-    if (!menu)
-        in.fail("a menu-bar entry needs a \"menu\"");
-    const auto groupMember = in.member("menuGroup");
-    if (!groupMember) {
-        if (!menu->isObject())
-            menu->expected("a menu object (a menu-bar menu outside every group)");
-        return std::make_shared<PopupMenu>(readMenu(*menu));
+    // A menu on the menu bar: a menu of a loaded group (by position, or by tag or name), or a menu
+    // of its own that belongs to no group.
+    std::shared_ptr<PopupMenu> entry(const JsonReader& in)
+    {
+        if (in.isNull())
+            return nullptr;
+        in.expectObject({"menuGroup", "menu"});
+        const auto menu = in.member("menu");
+        if (!menu)
+            in.fail("a menu-bar entry needs a \"menu\"");
+        const auto groupMember = in.member("menuGroup");
+        if (!groupMember) {
+            if (!menu->isObject())
+                menu->expected("a menu object (a menu-bar menu outside every group)");
+            return std::make_shared<PopupMenu>(readMenu(*menu));
+        }
+        const auto group = referencedGroup(*groupMember);
+        if (menu->isText())
+            return menuTaggedOrNamed(*group, *menu);
+        const long long position = menu->integer(0, kLongHighest);
+        if (position >= static_cast<long long>(group->menus.size()) || !group->menus[position])
+            menu->fail("menu group '" + text::toUtf8(group->name) + "' has no menu at index " +
+                       std::to_string(position));
+        return group->menus[position];
     }
-    const auto group = referencedGroup(state, *groupMember);
-    if (menu->isText()) {
-        const std::wstring wanted = menu->text();
-        for (const auto& candidate : group->menus)
-            if (candidate && candidate->tag == wanted)
-                return candidate;
-        for (const auto& candidate : group->menus)
-            if (candidate && candidate->name == wanted)
-                return candidate;
-        menu->fail("menu group '" + text::toUtf8(group->name) + "' has no menu tagged or named '" +
-                   text::toUtf8(wanted) + "'");
+
+private:
+    // The loaded group an entry names: by name (letter case ignored) or by position.
+    std::shared_ptr<MenuGroup> referencedGroup(const JsonReader& in) const
+    {
+        if (in.isText()) {
+            const std::wstring name = in.text();
+            if (const auto group = m_groupsByName.first(name))
+                return group;
+            in.fail("no loaded menu group '" + text::toUtf8(name) + "'");
+        }
+        const long long position = in.integer(0, kLongHighest);
+        if (position >= static_cast<long long>(m_state.menuGroups.size()) || !m_state.menuGroups[position])
+            in.fail("no loaded menu group at index " + std::to_string(position));
+        return m_state.menuGroups[position];
     }
-    const long long position = menu->integer(0, kLongHighest);
-    if (position >= static_cast<long long>(group->menus.size()) || !group->menus[position])
-        menu->fail("menu group '" + text::toUtf8(group->name) + "' has no menu at index " +
-                   std::to_string(position));
-    return group->menus[position];
-}
+
+    // A tag is looked for among all the group's menus before a name is.
+    std::shared_ptr<PopupMenu> menuTaggedOrNamed(const MenuGroup& group, const JsonReader& in)
+    {
+        const std::wstring wanted = in.text();
+        const MenusByText& menus = menusOf(group);
+        for (const auto* byText : {&menus.byTag, &menus.byName}) {
+            const auto found = byText->find(wanted);
+            if (found != byText->end())
+                return found->second;
+        }
+        in.fail("menu group '" + text::toUtf8(group.name) + "' has no menu tagged or named '" +
+                text::toUtf8(wanted) + "'");
+    }
+
+    struct MenusByText {
+        std::unordered_map<std::wstring, std::shared_ptr<PopupMenu>> byTag;
+        std::unordered_map<std::wstring, std::shared_ptr<PopupMenu>> byName;
+    };
+
+    // Made when an entry first names a menu of the group; the first menu of a tag or name wins.
+    const MenusByText& menusOf(const MenuGroup& group)
+    {
+        const auto [known, isNew] = m_menusByGroup.try_emplace(&group);
+        if (isNew) {
+            for (const auto& menu : group.menus) {
+                if (!menu)
+                    continue;
+                known->second.byTag.emplace(menu->tag, menu);
+                known->second.byName.emplace(menu->name, menu);
+            }
+        }
+        return known->second;
+    }
+
+    const HostState& m_state;
+    detail::GroupsByName m_groupsByName;
+    std::unordered_map<const MenuGroup*, MenusByText> m_menusByGroup;
+};
 
 std::shared_ptr<Document> readActiveDocument(const HostState& state, const JsonReader& in)
 {
@@ -416,9 +454,11 @@ HostState readState(const JsonReader& in)
                    });
     }
     readNodesMember(in, "menuGroups", state.menuGroups, readGroup);
-    if (const auto bar = in.member("menuBar"))
+    if (const auto bar = in.member("menuBar")) {
+        MenuBarReferences references(state);
         for (const JsonReader& entry : bar->elements())
-            state.menuBar.push_back(readMenuBarEntry(state, entry));
+            state.menuBar.push_back(references.entry(entry));
+    }
     readNodesMember(in, "documents", state.documents, readDocument);
     readMember(in, "activeDocument", state.activeDocument,
                [&](const JsonReader& value) { return readActiveDocument(state, value); });

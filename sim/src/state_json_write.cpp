@@ -2,6 +2,7 @@
 #include "sim/state_json.h"
 
 #include "json_names.h"
+#include "menu_places.h"
 #include "status_names.h"
 #include "text.h"
 
@@ -167,26 +168,28 @@ json faultOf(const Fault& fault)
     return out;
 }
 
-// A menu-bar menu by the group that holds it (by name, or by position when the name is not
-// unique) and its position there; a menu of no group is written whole.
-json menuBarEntryOf(const HostState& state, const std::shared_ptr<PopupMenu>& menu)
+// The menu bar's menus: each by the group that holds it (by name, or by position when the name is
+// not unique) and its position there; a menu of no group written whole.
+json menuBarOf(const HostState& state)
 {
-    if (!menu)
-        return nullptr;
-    for (size_t g = 0; g < state.menuGroups.size(); ++g) {
-        const auto& group = state.menuGroups[g];
-        if (!group)
-            continue;
-        for (size_t m = 0; m < group->menus.size(); ++m) {
-            if (group->menus[m] != menu)
-                continue;
-            size_t sameName = 0;
-            for (const auto& other : state.menuGroups)
-                sameName += other && text::equalNoCase(other->name, group->name) ? 1 : 0;
-            return {{"menuGroup", sameName == 1 ? textOf(group->name) : json(g)}, {"menu", m}};
+    const auto places = detail::placesOfGroupMenus(state);
+    const detail::GroupsByName groups(state);
+    json menuBar = json::array();
+    for (const auto& menu : state.menuBar) {
+        const auto place = menu ? places.find(menu.get()) : places.end();
+        if (!menu) {
+            menuBar.push_back(nullptr);
+        }
+        else if (place == places.end()) {
+            menuBar.push_back({{"menu", menuOf(*menu)}});
+        }
+        else {
+            const auto& name = state.menuGroups[place->second.group]->name;
+            menuBar.push_back({{"menuGroup", groups.count(name) == 1 ? textOf(name) : json(place->second.group)},
+                               {"menu", place->second.menu}});
         }
     }
-    return {{"menu", menuOf(*menu)}};
+    return menuBar;
 }
 
 json activeDocumentOf(const HostState& state)
@@ -211,9 +214,6 @@ template <class Map, class Write> json mapOf(const Map& values, Write write)
 
 nlohmann::json stateToJson(const HostState& state)
 {
-    json menuBar = json::array();
-    for (const auto& menu : state.menuBar)
-        menuBar.push_back(menuBarEntryOf(state, menu));
     json plotJobs = json::array();
     for (const PlotJob& job : state.plotJobs)
         plotJobs.push_back(plotJobOf(job));
@@ -231,7 +231,7 @@ nlohmann::json stateToJson(const HostState& state)
           {"menuIndexBeyondEnd", detail::nameOfBeyondEnd(state.behaviour.menuIndexBeyondEnd)},
           {"newMenuItemsEnabled", state.behaviour.newMenuItemsEnabled}}},
         {"menuGroups", nodesOf(state.menuGroups, groupOf)},
-        {"menuBar", menuBar},
+        {"menuBar", menuBarOf(state)},
         {"documents", nodesOf(state.documents, documentOf)},
         {"activeDocument", activeDocumentOf(state)},
         {"drawingsOnDisk", textsOf(state.drawingsOnDisk)},

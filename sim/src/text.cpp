@@ -125,6 +125,14 @@ bool equalNoCase(const std::wstring& a, const std::wstring& b)
     return MxtString::compareNoCase(MxtString(a.c_str()), MxtString(b.c_str())) == 0;
 }
 
+std::wstring foldedCase(const std::wstring& name)
+{
+    // As equalNoCase compares them: the letters up to a NUL, folded, and the whole length.
+    std::wstring folded = MxtString(name.c_str()).toUpper().toLower().getStringW();
+    folded += L'\0' + std::to_wstring(name.size());
+    return folded;
+}
+
 bool samePath(const std::wstring& a, const std::wstring& b)
 {
     if (a.size() != b.size())

@@ -14,6 +14,9 @@ namespace sim::text {
 // library folds case.
 bool equalNoCase(const std::wstring& a, const std::wstring& b);
 
+// The form of a name in which equalNoCase is plain equality, for keys of lookups by name.
+std::wstring foldedCase(const std::wstring& name);
+
 // File paths as the host compares them: letter case ignored, '/' and '\' alike.
 bool samePath(const std::wstring& a, const std::wstring& b);
 

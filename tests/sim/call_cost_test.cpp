@@ -7,6 +7,7 @@
 #include "support/sized_host.h"
 
 #include <functional>
+#include <ostream>
 
 using namespace sim_testing;
 using module_testing::HostSizes;
@@ -19,61 +20,90 @@ constexpr long long kMostExaminedPerCall = 4;
 
 struct Walk {
     const char* name;
-    int HostSizes::*size;
+    // Makes the host n large in what the walk passes.
+    void (*grow)(HostSizes& sizes, int n);
     // Reads one property of each of the n entries, as the module's walks do.
     std::function<void(int n)> walk;
 };
 
+void PrintTo(const Walk& walk, std::ostream* out)
+{
+    *out << walk.name;
+}
+
 HostMenuGroupPtr soughtGroup() { return group(module_testing::kSoughtGroup); }
 
 const Walk kWalks[] = {
-    {"groups", &HostSizes::menuGroups,
+    {"groups", [](HostSizes& sizes, int n) { sizes.menuGroups = n; },
      [](int n) {
          HostMenuGroupsPtr groups = application()->GetMenuGroups();
          for (int i = 0; i < n; ++i)
              groups->Item(indexOf(VT_I4, i))->GetName();
      }},
-    {"menus", &HostSizes::menus,
+    {"menus", [](HostSizes& sizes, int n) { sizes.menus = n; },
      [](int n) {
          HostPopupMenusPtr menus = soughtGroup()->GetMenus();
          for (int i = 0; i < n; ++i)
              menus->Item(indexOf(VT_I4, i))->GetTagString();
      }},
-    {"items", &HostSizes::menuItems,
+    {"items", [](HostSizes& sizes, int n) { sizes.menuItems = n; },
      [](int n) {
          HostPopupMenuPtr menu = soughtGroup()->GetMenus()->Item(indexOf(VT_I4, 0));
          for (int i = 0; i < n; ++i)
              menu->Item(indexOf(VT_I4, i))->GetMacro();
      }},
     // The snap removal's way: every item deleted at one position, each found there first.
-    {"item_deletions", &HostSizes::menuItems,
+    {"item_deletions", [](HostSizes& sizes, int n) { sizes.menuItems = n; },
      [](int n) {
          HostPopupMenuPtr menu = soughtGroup()->GetMenus()->Item(indexOf(VT_I4, 0));
          for (int i = 0; i < n; ++i)
              menu->Item(indexOf(VT_I4, 0))->Delete();
      }},
-    {"toolbars", &HostSizes::toolbars,
+    {"toolbars", [](HostSizes& sizes, int n) { sizes.toolbars = n; },
      [](int n) {
          HostToolbarsPtr toolbars = soughtGroup()->GetToolbars();
          for (int i = 0; i < n; ++i)
              toolbars->Item(indexOf(VT_I4, i))->GetVisible();
      }},
-    {"buttons", &HostSizes::buttons,
+    {"buttons", [](HostSizes& sizes, int n) { sizes.buttons = n; },
      [](int n) {
          HostToolbarPtr toolbar = soughtGroup()->GetToolbars()->Item(indexOf(VT_I4, 0));
          for (int i = 0; i < n; ++i)
              toolbar->Item(indexOf(VT_I4, i))->GetTagString();
      }},
-    {"documents", &HostSizes::documents,
+    {"documents", [](HostSizes& sizes, int n) { sizes.documents = n; },
      [](int n) {
          HostDocumentsPtr documents = application()->GetDocuments();
          for (int i = 0; i < n; ++i)
              documents->Item(indexOf(VT_INT, i))->GetFullFileName();
      }},
-    {"menu_bar", &HostSizes::menuBarMenus,
+    {"menu_bar", [](HostSizes& sizes, int n) { sizes.menuBarMenus = n; },
      [](int n) {
          HostMenuBarPtr bar = application()->GetMenuBar();
          for (int i = 0; i < n; ++i)
+             bar->Item(indexOf(VT_I4, i))->GetTagString();
+     }},
+    // A menu bar of many groups' menus, and menus of no group behind them: each menu given names
+    // its group, or that it has none, which must not cost a search of the groups.
+    {"menu_bar_of_many_groups",
+     [](HostSizes& sizes, int n) {
+         sizes.menuGroups = n + 1;
+         sizes.groupMenusOnMenuBar = true;
+     },
+     [](int n) {
+         HostMenuBarPtr bar = application()->GetMenuBar();
+         for (int i = 0; i < n; ++i)
+             bar->Item(indexOf(VT_I4, i))->GetTagString();
+     }},
+    {"menu_bar_beside_many_groups",
+     [](HostSizes& sizes, int n) {
+         sizes.menuGroups = n + 1;
+         sizes.groupMenusOnMenuBar = true;
+         sizes.menuBarMenus = n;
+     },
+     [](int n) {
+         HostMenuBarPtr bar = application()->GetMenuBar();
+         for (int i = n; i < 2 * n; ++i)
              bar->Item(indexOf(VT_I4, i))->GetTagString();
      }},
 };
@@ -84,7 +114,7 @@ TEST_P(CallCost, DoesNotGrowWithTheHost)
 {
     for (const int n : {10, 1000}) {
         HostSizes sizes;
-        sizes.*GetParam().size = n;
+        GetParam().grow(sizes, n);
         state() = module_testing::sizedHost(sizes);
         clearHostCalls();
         const long long before = host().entriesExamined();

@@ -187,6 +187,36 @@ TEST_F(Menus, AMenuBarMenuKnowsItsGroup)
               L"menu '&File' was removed from menu group 'ZORB'");
 }
 
+// The group a menu-bar menu names follows the groups as the host and the test change them.
+TEST_F(Menus, AMenuBarMenuNamesTheGroupThatHoldsItNow)
+{
+    const auto objectOfBarMenu = [&](long position) {
+        application()->GetMenuBar()->Item(indexOf(VT_I4, position))->GetName();
+        return host().journal().entries().back().object;
+    };
+    HostMenuGroupPtr mx = loadMx();
+    HostPopupMenuPtr added = mx->GetMenus()->AddMenu(L"Steel");
+    const long end = static_cast<long>(state().menuBar.size());
+    added->InsertInMenuBar(indexOf(VT_I4, end));
+    EXPECT_EQ(objectOfBarMenu(end), "HostPopupMenu 'MX'/'Steel'");
+    EXPECT_EQ(objectOfBarMenu(0), "HostPopupMenu 'ZORB'/'ID_MnFile'");
+
+    // A menu the test moves into another group is named by that group from then on.
+    auto& zorbMenus = state().menuGroups[0]->menus;
+    auto file = zorbMenus.front();
+    zorbMenus.erase(zorbMenus.begin());
+    state().menuGroups[1]->menus.push_back(file);
+    EXPECT_EQ(objectOfBarMenu(0), "HostPopupMenu 'MX'/'ID_MnFile'");
+
+    // Unloaded with MX, and put back on the bar, it belongs to no group until the test gives it one.
+    mx->Unload();
+    state().menuBar.push_back(file);
+    const long last = static_cast<long>(state().menuBar.size()) - 1;
+    EXPECT_EQ(objectOfBarMenu(last), "HostPopupMenu 'ID_MnFile'");
+    state().menuGroups[0]->menus.push_back(file);
+    EXPECT_EQ(objectOfBarMenu(last), "HostPopupMenu 'ZORB'/'ID_MnFile'");
+}
+
 TEST_F(Menus, ANullNodeIsAPlaceWhereTheHostGivesNoObject)
 {
     state().menuGroups.push_back(nullptr);

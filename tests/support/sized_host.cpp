@@ -93,14 +93,18 @@ sim::HostState sizedHost(const HostSizes& sizes)
     state.behaviour.strictArguments = true;
 
     state.menuGroups.clear();
-    for (const std::wstring& name : endingWith(sizes.menuGroups, L"GROUP", kSoughtGroup)) {
+    state.menuBar.clear();
+    for (int number = 1; number < sizes.menuGroups; ++number) {
         auto group = std::make_shared<sim::MenuGroup>();
-        group->name = name;
+        group->name = numbered(L"GROUP", number);
+        if (sizes.groupMenusOnMenuBar) {
+            group->menus.push_back(menu(numbered(L"PM_GROUP", number), 0));
+            state.menuBar.push_back(group->menus.back());
+        }
         state.menuGroups.push_back(group);
     }
-    state.menuGroups.back() = soughtGroup(sizes);
+    state.menuGroups.push_back(soughtGroup(sizes));
 
-    state.menuBar.clear();
     for (const std::wstring& tag : endingWith(sizes.menuBarMenus, L"PM_BAR", kSoughtBarMenuTag))
         state.menuBar.push_back(menu(tag, 0));
 

@@ -74,6 +74,7 @@ public:
             return call.succeed();  // the output was cleared: no group, and none loaded
         state().menuGroups.push_back(copyMenuGroup(*file->second));
         core().seats.remember(state().menuGroups, state().menuGroups.size() - 1);
+        core().menuOwners.loaded(state().menuGroups.back());
         return call.giveObject(group, [&] { return newMenuGroup(sharedCore(), state().menuGroups.back()); });
     }
 
@@ -142,6 +143,7 @@ public:
         bar.erase(std::remove_if(bar.begin(), bar.end(), [&](const auto& menu) { return menus.count(menu.get()); }),
                   bar.end());
         core().seats.remove(state().menuGroups, m_group.get());
+        core().menuOwners.unloaded(*m_group);
         return call.succeed();
     }
 

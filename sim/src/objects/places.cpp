@@ -27,10 +27,7 @@ MenuPlace MenuPlace::below(const std::shared_ptr<PopupMenuItem>& item) const
 
 MenuPlace placeOfTopMenu(HostCore& core, const std::shared_ptr<PopupMenu>& menu)
 {
-    for (const auto& group : core.state.menuGroups)
-        if (group && core.seats.contains(group->menus, menu.get()))
-            return MenuPlace{group, menu, {}, menu};
-    return MenuPlace{nullptr, menu, {}, menu};
+    return MenuPlace{core.menuOwners.ownerOf(core.state, core.seats, *menu), menu, {}, menu};
 }
 
 std::shared_ptr<MenuGroup> loadedGroupNamed(const HostState& state, const std::wstring& name)

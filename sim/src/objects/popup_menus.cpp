@@ -50,6 +50,7 @@ public:
         added->name = text::fromBstr(name);
         m_group->menus.push_back(added);
         core().seats.remember(m_group->menus, m_group->menus.size() - 1);
+        core().menuOwners.added(m_group, *added);
         return call.giveObject(menu, [&] {
             return newPopupMenu(sharedCore(), MenuPlace{m_group, added, {}, added});
         });
