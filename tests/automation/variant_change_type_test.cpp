@@ -1,5 +1,5 @@
-// VariantChangeType where a single answer says too little: in place and through references, an
-// object's default value and its references, and sweeps of dates, integers and amounts through
+// VariantChangeType where a single answer says too little: in place, an object's default value
+// and its references, and sweeps of dates, integers and amounts through
 // their own text. Single answers, pair by pair, are the differential probe's (conversions).
 #include <gtest/gtest.h>
 
@@ -116,26 +116,14 @@ int lengthOf(int month, int year)
 
 }  // namespace
 
-TEST(VariantChangeType, ConvertsInPlaceOrThroughAReferenceAndKeepsTheDestinationOnFailure)
+// Through references and into a destination kept on failure are the conversion probe's cases; the
+// probe never converts a variant into itself.
+TEST(VariantChangeType, ConvertsInPlace)
 {
     _variant_t value(L"15");
     ASSERT_EQ(VariantChangeType(&value, &value, 0, VT_I2), S_OK);
     EXPECT_EQ(V_VT(&value), VT_I2);
     EXPECT_EQ(V_I2(&value), 15);
-
-    double number = 4.0;
-    _variant_t reference;
-    V_VT(&reference) = VT_BYREF | VT_R8;
-    V_R8REF(&reference) = &number;
-    const Converted throughReference = convert(reference, VT_I4);
-    ASSERT_EQ(throughReference.status, S_OK);
-    EXPECT_EQ(V_I4(&throughReference.value), 4);
-
-    _variant_t destination(L"kept");
-    _variant_t source(L"not a number");
-    EXPECT_EQ(VariantChangeType(&destination, &source, 0, VT_I4), DISP_E_TYPEMISMATCH);
-    EXPECT_EQ(V_VT(&destination), VT_BSTR);
-    EXPECT_EQ(textOf(V_BSTR(&destination)), L"kept");
 }
 
 TEST(VariantChangeType, AsksAnObjectForTheOtherInterface)
@@ -149,12 +137,6 @@ TEST(VariantChangeType, AsksAnObjectForTheOtherInterface)
         EXPECT_EQ(widget.references(), 2u);
     }
     EXPECT_EQ(widget.references(), 0u);
-
-    // An error record has no IDispatch.
-    ICreateErrorInfo* record = nullptr;
-    ASSERT_EQ(CreateErrorInfo(&record), S_OK);
-    _variant_t plainUnknown(static_cast<IUnknown*>(record), false);
-    EXPECT_EQ(convert(plainUnknown, VT_DISPATCH).status, E_NOINTERFACE);
 }
 
 TEST(VariantChangeType, AnObjectStandsForItsDefaultValueOnceAndIsLeftAsItWas)
@@ -166,13 +148,6 @@ TEST(VariantChangeType, AnObjectStandsForItsDefaultValueOnceAndIsLeftAsItWas)
         ASSERT_EQ(number.status, S_OK);
         EXPECT_EQ(V_I4(&number.value), 12);
         EXPECT_EQ(object.calls(), 1);
-
-        // The caller's flags stay with the caller: the value's own conversion does not see them.
-        ValuedObject yes(_variant_t(true));
-        _variant_t heldYes(static_cast<IDispatch*>(&yes));
-        const Converted text = convert(heldYes, VT_BSTR, VARIANT_ALPHABOOL);
-        ASSERT_EQ(text.status, S_OK);
-        EXPECT_EQ(textOf(V_BSTR(&text.value)), L"-1");
 
         EXPECT_EQ(convert(held, VT_R8, VARIANT_NOVALUEPROP).status, DISP_E_TYPEMISMATCH);
         EXPECT_EQ(object.calls(), 1);

@@ -282,23 +282,11 @@ TEST_F(Enumeration, HoldsItsCollectionWhileItLives)
     EXPECT_EQ(host().referencesHeld(), 0);
 }
 
-TEST_F(Enumeration, ByNameAsScriptEnginesAskForIt)
+// How script engines call _NewEnum through IDispatch is the dispatch probe's; the probe cannot tell
+// whether the member's flags are the right ones, only that both builds read the same.
+TEST_F(Enumeration, IsHiddenFromThoseWhoListAnObjectsMembers)
 {
     IDispatchPtr groups(application()->GetMenuGroups());
-    // Engines ask for it as a method, or as a method or a property: both reach it.
-    for (WORD flags : {DISPATCH_METHOD, DISPATCH_METHOD | DISPATCH_PROPERTYGET}) {
-        DISPPARAMS none{nullptr, nullptr, 0, 0};
-        _variant_t result;
-        ASSERT_EQ(groups->Invoke(DISPID_NEWENUM, IID_NULL, LOCALE_USER_DEFAULT, flags, &none, &result, nullptr,
-                                 nullptr),
-                  S_OK);
-        ASSERT_EQ(V_VT(&result), VT_UNKNOWN);
-        IEnumVARIANTPtr walk(V_UNKNOWN(&result));
-        ASSERT_NE(walk, nullptr);
-        EXPECT_EQ(next(walk, 2, kCollections[0]).names, (std::vector<std::wstring>{L"ZORB", L"MX"}));
-    }
-
-    // The member is there for the dispatcher, hidden from those who list an object's members.
     ITypeInfoPtr typeInfo;
     ASSERT_EQ(groups->GetTypeInfo(0, LOCALE_USER_DEFAULT, &typeInfo), S_OK);
     TYPEATTR* attributes = nullptr;
