@@ -41,8 +41,11 @@ public:
     {
         if (attributes == nullptr)
             return E_INVALIDARG;
-        *attributes = new TYPEATTR{*m_described.iid, TKIND_DISPATCH, static_cast<WORD>(m_described.memberCount), 0,
-                                   TYPEFLAG_FDUAL | TYPEFLAG_FDISPATCHABLE};
+        *attributes = new TYPEATTR{};
+        (*attributes)->guid = *m_described.iid;
+        (*attributes)->typekind = TKIND_DISPATCH;
+        (*attributes)->cFuncs = static_cast<WORD>(m_described.memberCount);
+        (*attributes)->wTypeFlags = TYPEFLAG_FDUAL | TYPEFLAG_FDISPATCHABLE;
         return S_OK;
     }
 
@@ -54,15 +57,22 @@ public:
         if (index >= m_described.memberCount)
             return TYPE_E_ELEMENTNOTFOUND;
         const DescribedMember& member = m_described.members[index];
-        auto* parameters = new ELEMDESC[member.parameterCount > 0 ? member.parameterCount : 1];
+        auto* parameters = new ELEMDESC[member.parameterCount > 0 ? member.parameterCount : 1]{};
         SHORT optional = 0;
         for (SHORT i = 0; i < member.parameterCount; ++i) {
-            parameters[i] = ELEMDESC{{member.parameters[i].type}, {member.parameters[i].flags}};
+            parameters[i].tdesc.vt = member.parameters[i].type;
+            parameters[i].paramdesc.wParamFlags = member.parameters[i].flags;
             optional += (member.parameters[i].flags & PARAMFLAG_FOPT) != 0 ? 1 : 0;
         }
-        *function = new FUNCDESC{member.id,        parameters, FUNC_DISPATCH, member.kind, member.parameterCount,
-                                 optional,         ELEMDESC{{member.resultType}, {PARAMFLAG_NONE}},
-                                 member.flags};
+        *function = new FUNCDESC{};
+        (*function)->memid = member.id;
+        (*function)->lprgelemdescParam = parameters;
+        (*function)->funckind = FUNC_DISPATCH;
+        (*function)->invkind = member.kind;
+        (*function)->cParams = member.parameterCount;
+        (*function)->cParamsOpt = optional;
+        (*function)->elemdescFunc.tdesc.vt = member.resultType;
+        (*function)->wFuncFlags = member.flags;
         return S_OK;
     }
 
@@ -132,6 +142,19 @@ public:
             *helpFile = nullptr;
         return S_OK;
     }
+
+    // The compiled-in description answers only what the dispatcher and its callers read.
+    HRESULT STDMETHODCALLTYPE GetTypeComp(ITypeComp**) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetVarDesc(UINT, VARDESC**) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetRefTypeOfImplType(UINT, HREFTYPE*) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetImplTypeFlags(UINT, INT*) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetDllEntry(MEMBERID, INVOKEKIND, BSTR*, BSTR*, WORD*) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetRefTypeInfo(HREFTYPE, ITypeInfo**) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE AddressOfMember(MEMBERID, INVOKEKIND, PVOID*) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown*, REFIID, PVOID*) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetMops(MEMBERID, BSTR*) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetContainingTypeLib(ITypeLib**, UINT*) override { return E_NOTIMPL; }
+    void STDMETHODCALLTYPE ReleaseVarDesc(VARDESC*) override {}
 
     void STDMETHODCALLTYPE ReleaseTypeAttr(TYPEATTR* attributes) override { delete attributes; }
     void STDMETHODCALLTYPE ReleaseFuncDesc(FUNCDESC* function) override

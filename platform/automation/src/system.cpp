@@ -25,3 +25,7 @@ thread_local DWORD lastError = ERROR_SUCCESS;
 DWORD GetLastError() { return lastError; }
 
 void SetLastError(DWORD error) { lastError = error; }
+
+LPVOID CoTaskMemAlloc(std::size_t bytes) { return std::malloc(bytes == 0 ? 1 : bytes); }
+
+void CoTaskMemFree(LPVOID block) { std::free(block); }

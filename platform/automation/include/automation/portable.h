@@ -15,6 +15,7 @@
 #include "automation/dispatch.h"
 #include "automation/enum_variant.h"
 #include "automation/type_info.h"
+#include "automation/type_lib.h"
 #include "automation/type_description.h"
 #include "automation/error_info.h"
 #include "automation/com_util.h"

@@ -18,6 +18,10 @@ AUTOMATION_API HLOCAL LocalAlloc(UINT flags, std::size_t bytes);
 // Null on success, as on the platform; null is accepted.
 AUTOMATION_API HLOCAL LocalFree(HLOCAL block);
 
+// The task allocator that out-parameters of automation calls are allocated with (CUSTDATA).
+AUTOMATION_API LPVOID CoTaskMemAlloc(std::size_t bytes);
+AUTOMATION_API void CoTaskMemFree(LPVOID block);
+
 AUTOMATION_API DWORD GetLastError();
 AUTOMATION_API void SetLastError(DWORD error);
 
