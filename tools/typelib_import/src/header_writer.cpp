@@ -5,7 +5,9 @@
 #include "text.h"
 #include "type_spelling.h"
 
+#include <cctype>
 #include <locale>
+#include <set>
 #include <sstream>
 
 namespace typelib_import {
@@ -235,10 +237,34 @@ void writeWrappers(std::ostream& out, const Interface& declared)
     }
 }
 
+// A type library keeps one case per name, so a parameter may come named as a type of the library
+// (`Shade Shade`), which would hide the type from the parameters after it: such a parameter starts
+// in lower case instead.
+Library withParametersApartFromTypes(Library library)
+{
+    std::set<std::string> typeNames;
+    for (const Enumeration& enumeration : library.enumerations)
+        typeNames.insert(enumeration.name);
+    for (const Alias& alias : library.aliases)
+        typeNames.insert(alias.name);
+    for (const Interface& declared : library.interfaces)
+        typeNames.insert(declared.name);
+    for (const Coclass& coclass : library.coclasses)
+        typeNames.insert(coclass.name);
+    for (Interface& declared : library.interfaces)
+        for (Function& function : declared.functions)
+            for (Parameter& parameter : function.parameters)
+                if (typeNames.count(parameter.name))
+                    parameter.name[0] =
+                        static_cast<char>(std::tolower(static_cast<unsigned char>(parameter.name[0])));
+    return library;
+}
+
 }  // namespace
 
-std::string writeHeader(const Library& library)
+std::string writeHeader(const Library& imported)
 {
+    const Library library = withParametersApartFromTypes(imported);
     std::ostringstream out;
     out.imbue(std::locale::classic());
     out << "// The type library " << library.name << " " << library.majorVersion << "."
