@@ -32,7 +32,8 @@ build-linux:
 	cmake --preset linux >/dev/null
 	cmake --build --preset linux -j $(JOBS)
 
-build-windows:
+# The build runs typelib_import under Wine, in the build's own prefix.
+build-windows: wine-prefix
 	cmake --preset windows >/dev/null
 	cmake --build --preset windows -j $(JOBS)
 

@@ -5,7 +5,7 @@ include(CMakePackageConfigHelpers)
 set(mx_package QRNExternalUtilities)
 set(mx_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/${mx_package})
 
-install(TARGETS QRNExternalUtilities QRNRoots sim automation framework host
+install(TARGETS QRNExternalUtilities QRNRoots sim automation framework host imported_call
   EXPORT ${mx_package}Targets
   RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
@@ -20,9 +20,16 @@ install(DIRECTORY
     ${PROJECT_SOURCE_DIR}/platform/automation/include/
     ${PROJECT_SOURCE_DIR}/platform/framework/include/
     ${PROJECT_SOURCE_DIR}/host/include/
+    ${PROJECT_SOURCE_DIR}/tools/typelib_import/include/
     ${PROJECT_SOURCE_DIR}/sim/include/
     ${PROJECT_SOURCE_DIR}/QRNRoots/Exp/
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+# Where the host's interfaces are imported from its type library, the imported header takes the
+# place of the hand-written one, and the member reference goes with the documentation.
+if(MX_HOST_IMPORTED_HEADERS)
+  install(FILES ${MX_HOST_IMPORTED_HEADERS} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/host)
+  install(FILES ${MX_HOST_MEMBER_REFERENCE} DESTINATION ${CMAKE_INSTALL_DOCDIR})
+endif()
 install(FILES
     ${PROJECT_SOURCE_DIR}/QRNExternalUtilities/ZORBAppUtilities.h
     ${PROJECT_SOURCE_DIR}/QRNExternalUtilities/CADPlotUtilities.h

@@ -25,7 +25,7 @@ TYPES = {
     "long": ("LONG", "VT_I4", "V_I4"),
     "VARIANT_BOOL": ("VARIANT_BOOL", "VT_BOOL", "V_BOOL"),
     "VARIANT": ("VARIANT", "VT_VARIANT", None),
-    "ZbPlotType": ("LONG", "VT_USERDEFINED", "V_I4"),  # an enumeration crosses as a 32-bit number
+    "ZbPlotType": ("ZbPlotType", "VT_USERDEFINED", "V_I4"),  # an enumeration crosses as a 32-bit number
     "IUnknown*": ("IUnknown*", "VT_UNKNOWN", "V_UNKNOWN"),  # an enumeration's object
 }
 
@@ -315,7 +315,10 @@ def describe(idl, output):
             arguments = []
             for i, p in enumerate(member.parameters):
                 reader = TYPES[p.idl_type][2] if p.idl_type in TYPES else None
-                arguments.append(f"arguments[{i}]" if reader is None else f"{reader}(&arguments[{i}])")
+                argument = f"arguments[{i}]" if reader is None else f"{reader}(&arguments[{i}])"
+                if TYPES.get(p.idl_type, (None, None))[1] == "VT_USERDEFINED":
+                    argument = f"static_cast<{p.idl_type}>({argument})"
+                arguments.append(argument)
             body = []
             if member.result is not None:
                 result_cpp = cpp_type(member.result, names)

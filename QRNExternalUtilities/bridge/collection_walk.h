@@ -4,7 +4,7 @@
 
 #include "bridge/positions.h"
 
-#include "host/interface_support.h"
+#include "imported_call.h"
 
 #include <cstdint>
 #include <optional>
@@ -43,7 +43,7 @@ void walkPositions(Collection& collection, LONG count, const WalkRules& rules, V
         if (FAILED(status)) {
             if (rules.failedItem == WalkRules::FailedItem::skipped)
                 continue;
-            host_call::raiseOnFailure(status, &collection);
+            imported_call::raiseOnFailure(status, &collection);
         }
         if (!item) {
             if (rules.nullItem == WalkRules::NullItem::skipped)

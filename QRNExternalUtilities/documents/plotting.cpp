@@ -62,7 +62,7 @@ bool ZORBAppUtilities::plotLayout(const MxtString& plotConfigName, const MxtStri
             if (layout) {
                 if (plotType == ZbDbPlotSettings::kWindow)
                     setPlotWindow(*layout, x1, y1, x2, y2);
-                layout->PutPlotType(plotType);
+                layout->PutPlotType(static_cast<ZbPlotType>(plotType));
             }
             plot->PutNumberOfCopies(1);
             plot->PutQuietErrorMode(VARIANT_TRUE);

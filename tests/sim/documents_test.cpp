@@ -130,7 +130,7 @@ TEST_F(Documents, APlotRecordsAJobWithTheActiveLayoutsSettings)
     HostDocumentPtr document = application()->GetActiveDocument();
     HostLayoutPtr layout = document->GetActiveLayout();
     layout->SetWindowToPlot(pointOf(0, 0), pointOf(10, 5));
-    layout->PutPlotType(4);
+    layout->PutPlotType(zbPlotWindow);
     HostPlotPtr plot = document->GetPlot();
     plot->PutNumberOfCopies(1);
     plot->StartBatchMode(1);
@@ -156,7 +156,7 @@ TEST_F(Documents, PlotSettingsOutsideTheHostsRangesAreRefused)
 {
     HostDocumentPtr document = application()->GetActiveDocument();
     HostLayoutPtr layout = document->GetActiveLayout();
-    EXPECT_EQ(failureOf([&] { layout->PutPlotType(6); }).Error(), E_INVALIDARG);
+    EXPECT_EQ(failureOf([&] { layout->PutPlotType(static_cast<ZbPlotType>(6)); }).Error(), E_INVALIDARG);
     EXPECT_EQ(failureOf([&] { layout->SetWindowToPlot(_variant_t(0.0), pointOf(1, 1)); }).Error(),
               DISP_E_TYPEMISMATCH);
     const double notANumber = std::numeric_limits<double>::quiet_NaN();

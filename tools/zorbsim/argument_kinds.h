@@ -15,7 +15,7 @@
 #include "MxtArray"
 #include "MxtString"
 #include "automation.h"
-#include "host/application.h"
+#include "host/object_model.h"
 #include "host/plot_settings.h"
 #include "host/sdk.h"
 

@@ -17,18 +17,18 @@ struct HostApplication : IDispatch {
 
     HostPreferencesPtr GetPreferences()
     {
-        return host_call::object<HostPreferencesPtr>(this, &HostApplication::get_Preferences);
+        return imported_call::object<HostPreferencesPtr>(this, &HostApplication::get_Preferences);
     }
-    HostMenuGroupsPtr GetMenuGroups() { return host_call::object<HostMenuGroupsPtr>(this, &HostApplication::get_MenuGroups); }
-    HostMenuBarPtr GetMenuBar() { return host_call::object<HostMenuBarPtr>(this, &HostApplication::get_MenuBar); }
+    HostMenuGroupsPtr GetMenuGroups() { return imported_call::object<HostMenuGroupsPtr>(this, &HostApplication::get_MenuGroups); }
+    HostMenuBarPtr GetMenuBar() { return imported_call::object<HostMenuBarPtr>(this, &HostApplication::get_MenuBar); }
     HostDocumentPtr GetActiveDocument()
     {
-        return host_call::object<HostDocumentPtr>(this, &HostApplication::get_ActiveDocument);
+        return imported_call::object<HostDocumentPtr>(this, &HostApplication::get_ActiveDocument);
     }
-    HostDocumentsPtr GetDocuments() { return host_call::object<HostDocumentsPtr>(this, &HostApplication::get_Documents); }
+    HostDocumentsPtr GetDocuments() { return imported_call::object<HostDocumentsPtr>(this, &HostApplication::get_Documents); }
     void ZoomWindow(const _variant_t& lowerLeft, const _variant_t& upperRight)
     {
-        host_call::invoke(this, &HostApplication::raw_ZoomWindow, host_call::argument(lowerLeft),
-                          host_call::argument(upperRight));
+        imported_call::invoke(this, &HostApplication::raw_ZoomWindow, imported_call::argument(lowerLeft),
+                          imported_call::argument(upperRight));
     }
 };

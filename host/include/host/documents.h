@@ -6,17 +6,17 @@
 struct HostLayout : IDispatch {
     virtual HRESULT STDMETHODCALLTYPE get_Name(BSTR* name) = 0;
     virtual HRESULT STDMETHODCALLTYPE raw_SetWindowToPlot(VARIANT lowerLeft, VARIANT upperRight) = 0;
-    virtual HRESULT STDMETHODCALLTYPE get_PlotType(LONG* plotType) = 0;
-    virtual HRESULT STDMETHODCALLTYPE put_PlotType(LONG plotType) = 0;
+    virtual HRESULT STDMETHODCALLTYPE get_PlotType(ZbPlotType* plotType) = 0;
+    virtual HRESULT STDMETHODCALLTYPE put_PlotType(ZbPlotType plotType) = 0;
 
-    _bstr_t GetName() { return host_call::text(this, &HostLayout::get_Name); }
+    _bstr_t GetName() { return imported_call::text(this, &HostLayout::get_Name); }
     void SetWindowToPlot(const _variant_t& lowerLeft, const _variant_t& upperRight)
     {
-        host_call::invoke(this, &HostLayout::raw_SetWindowToPlot, host_call::argument(lowerLeft),
-                          host_call::argument(upperRight));
+        imported_call::invoke(this, &HostLayout::raw_SetWindowToPlot, imported_call::argument(lowerLeft),
+                          imported_call::argument(upperRight));
     }
-    LONG GetPlotType() { return host_call::value<LONG>(this, &HostLayout::get_PlotType); }
-    void PutPlotType(LONG plotType) { host_call::invoke(this, &HostLayout::put_PlotType, plotType); }
+    ZbPlotType GetPlotType() { return imported_call::value<ZbPlotType>(this, &HostLayout::get_PlotType); }
+    void PutPlotType(ZbPlotType plotType) { imported_call::invoke(this, &HostLayout::put_PlotType, plotType); }
 };
 
 struct HostPlot : IDispatch {
@@ -28,16 +28,16 @@ struct HostPlot : IDispatch {
     // device: a plot configuration name, or the missing-argument variant for the layout's own.
     virtual HRESULT STDMETHODCALLTYPE raw_PlotToDevice(VARIANT device, VARIANT_BOOL* plotted) = 0;
 
-    void PutNumberOfCopies(LONG copies) { host_call::invoke(this, &HostPlot::put_NumberOfCopies, copies); }
-    void PutQuietErrorMode(VARIANT_BOOL quiet) { host_call::invoke(this, &HostPlot::put_QuietErrorMode, quiet); }
-    void StartBatchMode(LONG entryCount) { host_call::invoke(this, &HostPlot::raw_StartBatchMode, entryCount); }
+    void PutNumberOfCopies(LONG copies) { imported_call::invoke(this, &HostPlot::put_NumberOfCopies, copies); }
+    void PutQuietErrorMode(VARIANT_BOOL quiet) { imported_call::invoke(this, &HostPlot::put_QuietErrorMode, quiet); }
+    void StartBatchMode(LONG entryCount) { imported_call::invoke(this, &HostPlot::raw_StartBatchMode, entryCount); }
     void SetLayoutsToPlot(const _variant_t& layouts)
     {
-        host_call::invoke(this, &HostPlot::raw_SetLayoutsToPlot, host_call::argument(layouts));
+        imported_call::invoke(this, &HostPlot::raw_SetLayoutsToPlot, imported_call::argument(layouts));
     }
     VARIANT_BOOL PlotToDevice(const _variant_t& device)
     {
-        return host_call::value<VARIANT_BOOL>(this, &HostPlot::raw_PlotToDevice, host_call::argument(device));
+        return imported_call::value<VARIANT_BOOL>(this, &HostPlot::raw_PlotToDevice, imported_call::argument(device));
     }
 };
 
@@ -48,15 +48,15 @@ struct HostDocument : IDispatch {
     virtual HRESULT STDMETHODCALLTYPE get_Plot(HostPlot** plot) = 0;
     virtual HRESULT STDMETHODCALLTYPE get_ActiveLayout(HostLayout** layout) = 0;
 
-    _bstr_t GetFullFileName() { return host_call::text(this, &HostDocument::get_FullFileName); }
-    void Activate() { host_call::invoke(this, &HostDocument::raw_Activate); }
+    _bstr_t GetFullFileName() { return imported_call::text(this, &HostDocument::get_FullFileName); }
+    void Activate() { imported_call::invoke(this, &HostDocument::raw_Activate); }
     void Close(const _variant_t& saveChanges, const _variant_t& fileName)
     {
-        host_call::invoke(this, &HostDocument::raw_Close, host_call::argument(saveChanges),
-                          host_call::argument(fileName));
+        imported_call::invoke(this, &HostDocument::raw_Close, imported_call::argument(saveChanges),
+                          imported_call::argument(fileName));
     }
-    HostPlotPtr GetPlot() { return host_call::object<HostPlotPtr>(this, &HostDocument::get_Plot); }
-    HostLayoutPtr GetActiveLayout() { return host_call::object<HostLayoutPtr>(this, &HostDocument::get_ActiveLayout); }
+    HostPlotPtr GetPlot() { return imported_call::object<HostPlotPtr>(this, &HostDocument::get_Plot); }
+    HostLayoutPtr GetActiveLayout() { return imported_call::object<HostLayoutPtr>(this, &HostDocument::get_ActiveLayout); }
 };
 
 struct HostDocuments : IDispatch {
@@ -66,15 +66,15 @@ struct HostDocuments : IDispatch {
                                                HostDocument** document) = 0;
     virtual HRESULT STDMETHODCALLTYPE raw__NewEnum(IUnknown** enumerator) = 0;
 
-    LONG GetCount() { return host_call::value<LONG>(this, &HostDocuments::get_Count); }
+    LONG GetCount() { return imported_call::value<LONG>(this, &HostDocuments::get_Count); }
     HostDocumentPtr Item(const _variant_t& index)
     {
-        return host_call::object<HostDocumentPtr>(this, &HostDocuments::raw_Item, host_call::argument(index));
+        return imported_call::object<HostDocumentPtr>(this, &HostDocuments::raw_Item, imported_call::argument(index));
     }
     HostDocumentPtr Open(const _bstr_t& fileName, const _variant_t& readOnly, const _variant_t& password)
     {
-        return host_call::object<HostDocumentPtr>(this, &HostDocuments::raw_Open, static_cast<BSTR>(fileName),
-                                                  host_call::argument(readOnly), host_call::argument(password));
+        return imported_call::object<HostDocumentPtr>(this, &HostDocuments::raw_Open, static_cast<BSTR>(fileName),
+                                                  imported_call::argument(readOnly), imported_call::argument(password));
     }
-    IUnknownPtr _NewEnum() { return host_call::object<IUnknownPtr>(this, &HostDocuments::raw__NewEnum); }
+    IUnknownPtr _NewEnum() { return imported_call::object<IUnknownPtr>(this, &HostDocuments::raw__NewEnum); }
 };

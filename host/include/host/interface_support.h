@@ -1,8 +1,9 @@
-// What every interface of the host's object model shares: identifiers, owning smart pointers and
-// the one way a failed status becomes the automation failure.
+// What every interface of the host's object model shares: identifiers and owning smart pointers;
+// the wrappers raise failures through imported_call.h, as an imported library's do.
 #pragma once
 
 #include "automation.h"
+#include "imported_call.h"
 
 struct HostApplication;
 struct HostPreferences;
@@ -20,6 +21,7 @@ struct HostDocuments;
 struct HostDocument;
 struct HostLayout;
 struct HostPlot;
+struct SimulatorControl;
 
 // The identifiers of the host's type library.
 AUTOMATION_DECLARE_UUID(HostApplication, 0x20398ddd, 0x1309, 0x474d, 0x89, 0xda, 0xae, 0x7f, 0xb6, 0xdf, 0x06, 0x81)
@@ -38,6 +40,7 @@ AUTOMATION_DECLARE_UUID(HostDocuments, 0xe7fb15cb, 0x091c, 0x4216, 0xbf, 0x8d, 0
 AUTOMATION_DECLARE_UUID(HostDocument, 0x8ee0a5a2, 0x70ad, 0x4b84, 0x89, 0x5d, 0x33, 0x39, 0x3b, 0xfe, 0x32, 0x0a)
 AUTOMATION_DECLARE_UUID(HostLayout, 0xc30ab642, 0x92ad, 0x4ebc, 0xbf, 0x34, 0x98, 0x06, 0x61, 0xd7, 0xcd, 0xd7)
 AUTOMATION_DECLARE_UUID(HostPlot, 0x2c3423cf, 0x7d34, 0x4ed1, 0x83, 0x03, 0xf0, 0xc1, 0x45, 0xd3, 0xc5, 0xeb)
+AUTOMATION_DECLARE_UUID(SimulatorControl, 0x6ce8540c, 0x7ca4, 0x4dc5, 0xab, 0x13, 0x32, 0x4e, 0x3c, 0x7e, 0xbd, 0x15)
 
 _COM_SMARTPTR_TYPEDEF(HostApplication, __uuidof(HostApplication));
 _COM_SMARTPTR_TYPEDEF(HostPreferences, __uuidof(HostPreferences));
@@ -55,52 +58,14 @@ _COM_SMARTPTR_TYPEDEF(HostDocuments, __uuidof(HostDocuments));
 _COM_SMARTPTR_TYPEDEF(HostDocument, __uuidof(HostDocument));
 _COM_SMARTPTR_TYPEDEF(HostLayout, __uuidof(HostLayout));
 _COM_SMARTPTR_TYPEDEF(HostPlot, __uuidof(HostPlot));
+_COM_SMARTPTR_TYPEDEF(SimulatorControl, __uuidof(SimulatorControl));
 
-// The non-virtual wrappers of the interfaces turn a failed status into the automation failure
-// carrying the status, the object and the identifier of the interface the call was made on, so
-// that the object's error information can be attached.
-namespace host_call {
-
-// Variants cross as the caller's own value, shallowly, as an imported type library's wrappers pass
-// them: a wrapper makes no copy and clears nothing.
-inline const VARIANT& argument(const _variant_t& value) { return value; }
-
-template <class Interface>
-inline void raiseOnFailure(HRESULT status, Interface* object)
-{
-    if (FAILED(status))
-        _com_issue_errorex(status, object, __uuidof(Interface));
-}
-
-template <class Interface, class Method, class... Args>
-inline void invoke(Interface* object, Method method, Args... args)
-{
-    raiseOnFailure((object->*method)(args...), object);
-}
-
-template <class Value, class Interface, class Getter, class... Args>
-inline Value value(Interface* object, Getter getter, Args... args)
-{
-    Value result{};
-    raiseOnFailure((object->*getter)(args..., &result), object);
-    return result;
-}
-
-template <class Interface, class Getter, class... Args>
-inline _bstr_t text(Interface* object, Getter getter, Args... args)
-{
-    BSTR result = nullptr;
-    raiseOnFailure((object->*getter)(args..., &result), object);
-    return _bstr_t(result, false);
-}
-
-// The returned reference belongs to the smart pointer.
-template <class ObjectPtr, class Interface, class Getter, class... Args>
-inline ObjectPtr object(Interface* object, Getter getter, Args... args)
-{
-    typename ObjectPtr::Interface* result = nullptr;
-    raiseOnFailure((object->*getter)(args..., &result), object);
-    return ObjectPtr(result, false);
-}
-
-}  // namespace host_call
+// The host's plot areas.
+enum ZbPlotType : int {
+    zbPlotDisplay = 0,
+    zbPlotExtents = 1,
+    zbPlotLimits = 2,
+    zbPlotView = 3,
+    zbPlotWindow = 4,
+    zbPlotLayout = 5,
+};

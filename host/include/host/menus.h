@@ -100,113 +100,113 @@ struct HostMenuGroups : IDispatch {
     IUnknownPtr _NewEnum();
 };
 
-inline _bstr_t HostPopupMenuItem::GetLabel() { return host_call::text(this, &HostPopupMenuItem::get_Label); }
+inline _bstr_t HostPopupMenuItem::GetLabel() { return imported_call::text(this, &HostPopupMenuItem::get_Label); }
 inline void HostPopupMenuItem::PutLabel(const _bstr_t& label)
 {
-    host_call::invoke(this, &HostPopupMenuItem::put_Label, static_cast<BSTR>(label));
+    imported_call::invoke(this, &HostPopupMenuItem::put_Label, static_cast<BSTR>(label));
 }
-inline _bstr_t HostPopupMenuItem::GetMacro() { return host_call::text(this, &HostPopupMenuItem::get_Macro); }
-inline LONG HostPopupMenuItem::GetType() { return host_call::value<LONG>(this, &HostPopupMenuItem::get_Type); }
+inline _bstr_t HostPopupMenuItem::GetMacro() { return imported_call::text(this, &HostPopupMenuItem::get_Macro); }
+inline LONG HostPopupMenuItem::GetType() { return imported_call::value<LONG>(this, &HostPopupMenuItem::get_Type); }
 inline HostPopupMenuPtr HostPopupMenuItem::GetSubMenu()
 {
-    return host_call::object<HostPopupMenuPtr>(this, &HostPopupMenuItem::get_SubMenu);
+    return imported_call::object<HostPopupMenuPtr>(this, &HostPopupMenuItem::get_SubMenu);
 }
 inline VARIANT_BOOL HostPopupMenuItem::GetEnabled()
 {
-    return host_call::value<VARIANT_BOOL>(this, &HostPopupMenuItem::get_Enabled);
+    return imported_call::value<VARIANT_BOOL>(this, &HostPopupMenuItem::get_Enabled);
 }
 inline void HostPopupMenuItem::PutEnabled(VARIANT_BOOL enabled)
 {
-    host_call::invoke(this, &HostPopupMenuItem::put_Enabled, enabled);
+    imported_call::invoke(this, &HostPopupMenuItem::put_Enabled, enabled);
 }
-inline void HostPopupMenuItem::Delete() { host_call::invoke(this, &HostPopupMenuItem::raw_Delete); }
+inline void HostPopupMenuItem::Delete() { imported_call::invoke(this, &HostPopupMenuItem::raw_Delete); }
 
-inline _bstr_t HostPopupMenu::GetName() { return host_call::text(this, &HostPopupMenu::get_Name); }
+inline _bstr_t HostPopupMenu::GetName() { return imported_call::text(this, &HostPopupMenu::get_Name); }
 inline void HostPopupMenu::PutName(const _bstr_t& name)
 {
-    host_call::invoke(this, &HostPopupMenu::put_Name, static_cast<BSTR>(name));
+    imported_call::invoke(this, &HostPopupMenu::put_Name, static_cast<BSTR>(name));
 }
-inline _bstr_t HostPopupMenu::GetTagString() { return host_call::text(this, &HostPopupMenu::get_TagString); }
+inline _bstr_t HostPopupMenu::GetTagString() { return imported_call::text(this, &HostPopupMenu::get_TagString); }
 inline VARIANT_BOOL HostPopupMenu::GetOnMenuBar()
 {
-    return host_call::value<VARIANT_BOOL>(this, &HostPopupMenu::get_OnMenuBar);
+    return imported_call::value<VARIANT_BOOL>(this, &HostPopupMenu::get_OnMenuBar);
 }
-inline LONG HostPopupMenu::GetCount() { return host_call::value<LONG>(this, &HostPopupMenu::get_Count); }
+inline LONG HostPopupMenu::GetCount() { return imported_call::value<LONG>(this, &HostPopupMenu::get_Count); }
 inline HostPopupMenuItemPtr HostPopupMenu::Item(const _variant_t& index)
 {
-    return host_call::object<HostPopupMenuItemPtr>(this, &HostPopupMenu::raw_Item, host_call::argument(index));
+    return imported_call::object<HostPopupMenuItemPtr>(this, &HostPopupMenu::raw_Item, imported_call::argument(index));
 }
 inline HostPopupMenuItemPtr HostPopupMenu::AddMenuItem(const _variant_t& index, const _bstr_t& label,
                                                        const _bstr_t& macro)
 {
-    return host_call::object<HostPopupMenuItemPtr>(this, &HostPopupMenu::raw_AddMenuItem, host_call::argument(index),
+    return imported_call::object<HostPopupMenuItemPtr>(this, &HostPopupMenu::raw_AddMenuItem, imported_call::argument(index),
                                                    static_cast<BSTR>(label), static_cast<BSTR>(macro));
 }
 inline HostPopupMenuPtr HostPopupMenu::AddSubMenu(const _variant_t& index, const _bstr_t& label)
 {
-    return host_call::object<HostPopupMenuPtr>(this, &HostPopupMenu::raw_AddSubMenu, host_call::argument(index),
+    return imported_call::object<HostPopupMenuPtr>(this, &HostPopupMenu::raw_AddSubMenu, imported_call::argument(index),
                                                static_cast<BSTR>(label));
 }
 inline HostPopupMenuItemPtr HostPopupMenu::AddSeparator(const _variant_t& index)
 {
-    return host_call::object<HostPopupMenuItemPtr>(this, &HostPopupMenu::raw_AddSeparator, host_call::argument(index));
+    return imported_call::object<HostPopupMenuItemPtr>(this, &HostPopupMenu::raw_AddSeparator, imported_call::argument(index));
 }
 inline void HostPopupMenu::InsertInMenuBar(const _variant_t& position)
 {
-    host_call::invoke(this, &HostPopupMenu::raw_InsertInMenuBar, host_call::argument(position));
+    imported_call::invoke(this, &HostPopupMenu::raw_InsertInMenuBar, imported_call::argument(position));
 }
-inline void HostPopupMenu::RemoveFromMenuBar() { host_call::invoke(this, &HostPopupMenu::raw_RemoveFromMenuBar); }
+inline void HostPopupMenu::RemoveFromMenuBar() { imported_call::invoke(this, &HostPopupMenu::raw_RemoveFromMenuBar); }
 
-inline LONG HostPopupMenus::GetCount() { return host_call::value<LONG>(this, &HostPopupMenus::get_Count); }
+inline LONG HostPopupMenus::GetCount() { return imported_call::value<LONG>(this, &HostPopupMenus::get_Count); }
 inline HostPopupMenuPtr HostPopupMenus::Item(const _variant_t& index)
 {
-    return host_call::object<HostPopupMenuPtr>(this, &HostPopupMenus::raw_Item, host_call::argument(index));
+    return imported_call::object<HostPopupMenuPtr>(this, &HostPopupMenus::raw_Item, imported_call::argument(index));
 }
 inline HostPopupMenuPtr HostPopupMenus::AddMenu(const _bstr_t& name)
 {
-    return host_call::object<HostPopupMenuPtr>(this, &HostPopupMenus::raw_AddMenu, static_cast<BSTR>(name));
+    return imported_call::object<HostPopupMenuPtr>(this, &HostPopupMenus::raw_AddMenu, static_cast<BSTR>(name));
 }
 
-inline LONG HostMenuBar::GetCount() { return host_call::value<LONG>(this, &HostMenuBar::get_Count); }
+inline LONG HostMenuBar::GetCount() { return imported_call::value<LONG>(this, &HostMenuBar::get_Count); }
 inline HostPopupMenuPtr HostMenuBar::Item(const _variant_t& index)
 {
-    return host_call::object<HostPopupMenuPtr>(this, &HostMenuBar::raw_Item, host_call::argument(index));
+    return imported_call::object<HostPopupMenuPtr>(this, &HostMenuBar::raw_Item, imported_call::argument(index));
 }
 
-inline _bstr_t HostMenuGroup::GetName() { return host_call::text(this, &HostMenuGroup::get_Name); }
+inline _bstr_t HostMenuGroup::GetName() { return imported_call::text(this, &HostMenuGroup::get_Name); }
 inline HostPopupMenusPtr HostMenuGroup::GetMenus()
 {
-    return host_call::object<HostPopupMenusPtr>(this, &HostMenuGroup::get_Menus);
+    return imported_call::object<HostPopupMenusPtr>(this, &HostMenuGroup::get_Menus);
 }
 inline HostToolbarsPtr HostMenuGroup::GetToolbars()
 {
-    return host_call::object<HostToolbarsPtr>(this, &HostMenuGroup::get_Toolbars);
+    return imported_call::object<HostToolbarsPtr>(this, &HostMenuGroup::get_Toolbars);
 }
-inline void HostMenuGroup::Unload() { host_call::invoke(this, &HostMenuGroup::raw_Unload); }
+inline void HostMenuGroup::Unload() { imported_call::invoke(this, &HostMenuGroup::raw_Unload); }
 
-inline LONG HostMenuGroups::GetCount() { return host_call::value<LONG>(this, &HostMenuGroups::get_Count); }
+inline LONG HostMenuGroups::GetCount() { return imported_call::value<LONG>(this, &HostMenuGroups::get_Count); }
 inline HostMenuGroupPtr HostMenuGroups::Item(const _variant_t& index)
 {
-    return host_call::object<HostMenuGroupPtr>(this, &HostMenuGroups::raw_Item, host_call::argument(index));
+    return imported_call::object<HostMenuGroupPtr>(this, &HostMenuGroups::raw_Item, imported_call::argument(index));
 }
 inline HostMenuGroupPtr HostMenuGroups::LoadMenuFile(const _bstr_t& menuFile, const _variant_t& baseMenu)
 {
-    return host_call::object<HostMenuGroupPtr>(this, &HostMenuGroups::raw_LoadMenuFile, static_cast<BSTR>(menuFile),
-                                               host_call::argument(baseMenu));
+    return imported_call::object<HostMenuGroupPtr>(this, &HostMenuGroups::raw_LoadMenuFile, static_cast<BSTR>(menuFile),
+                                               imported_call::argument(baseMenu));
 }
 inline IUnknownPtr HostPopupMenu::_NewEnum()
 {
-    return host_call::object<IUnknownPtr>(this, &HostPopupMenu::raw__NewEnum);
+    return imported_call::object<IUnknownPtr>(this, &HostPopupMenu::raw__NewEnum);
 }
 inline IUnknownPtr HostPopupMenus::_NewEnum()
 {
-    return host_call::object<IUnknownPtr>(this, &HostPopupMenus::raw__NewEnum);
+    return imported_call::object<IUnknownPtr>(this, &HostPopupMenus::raw__NewEnum);
 }
 inline IUnknownPtr HostMenuBar::_NewEnum()
 {
-    return host_call::object<IUnknownPtr>(this, &HostMenuBar::raw__NewEnum);
+    return imported_call::object<IUnknownPtr>(this, &HostMenuBar::raw__NewEnum);
 }
 inline IUnknownPtr HostMenuGroups::_NewEnum()
 {
-    return host_call::object<IUnknownPtr>(this, &HostMenuGroups::raw__NewEnum);
+    return imported_call::object<IUnknownPtr>(this, &HostMenuGroups::raw__NewEnum);
 }

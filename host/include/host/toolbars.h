@@ -12,21 +12,21 @@ struct HostToolbarItem : IDispatch {
     virtual HRESULT STDMETHODCALLTYPE raw_AttachToolbarToFlyout(BSTR menuGroupName, BSTR toolbarName) = 0;
     virtual HRESULT STDMETHODCALLTYPE raw_Delete() = 0;
 
-    _bstr_t GetName() { return host_call::text(this, &HostToolbarItem::get_Name); }
-    _bstr_t GetTagString() { return host_call::text(this, &HostToolbarItem::get_TagString); }
-    void PutTagString(const _bstr_t& tag) { host_call::invoke(this, &HostToolbarItem::put_TagString, static_cast<BSTR>(tag)); }
-    LONG GetIndex() { return host_call::value<LONG>(this, &HostToolbarItem::get_Index); }
+    _bstr_t GetName() { return imported_call::text(this, &HostToolbarItem::get_Name); }
+    _bstr_t GetTagString() { return imported_call::text(this, &HostToolbarItem::get_TagString); }
+    void PutTagString(const _bstr_t& tag) { imported_call::invoke(this, &HostToolbarItem::put_TagString, static_cast<BSTR>(tag)); }
+    LONG GetIndex() { return imported_call::value<LONG>(this, &HostToolbarItem::get_Index); }
     void SetBitmaps(const _bstr_t& smallBitmap, const _bstr_t& largeBitmap)
     {
-        host_call::invoke(this, &HostToolbarItem::raw_SetBitmaps, static_cast<BSTR>(smallBitmap),
+        imported_call::invoke(this, &HostToolbarItem::raw_SetBitmaps, static_cast<BSTR>(smallBitmap),
                           static_cast<BSTR>(largeBitmap));
     }
     void AttachToolbarToFlyout(const _bstr_t& menuGroupName, const _bstr_t& toolbarName)
     {
-        host_call::invoke(this, &HostToolbarItem::raw_AttachToolbarToFlyout, static_cast<BSTR>(menuGroupName),
+        imported_call::invoke(this, &HostToolbarItem::raw_AttachToolbarToFlyout, static_cast<BSTR>(menuGroupName),
                           static_cast<BSTR>(toolbarName));
     }
-    void Delete() { host_call::invoke(this, &HostToolbarItem::raw_Delete); }
+    void Delete() { imported_call::invoke(this, &HostToolbarItem::raw_Delete); }
 };
 
 struct HostToolbar : IDispatch {
@@ -47,29 +47,29 @@ struct HostToolbar : IDispatch {
                                                     HostToolbarItem** button) = 0;
     virtual HRESULT STDMETHODCALLTYPE raw__NewEnum(IUnknown** enumerator) = 0;
 
-    _bstr_t GetName() { return host_call::text(this, &HostToolbar::get_Name); }
-    _bstr_t GetTagString() { return host_call::text(this, &HostToolbar::get_TagString); }
-    VARIANT_BOOL GetVisible() { return host_call::value<VARIANT_BOOL>(this, &HostToolbar::get_Visible); }
-    void PutVisible(VARIANT_BOOL visible) { host_call::invoke(this, &HostToolbar::put_Visible, visible); }
-    LONG GetDockStatus() { return host_call::value<LONG>(this, &HostToolbar::get_DockStatus); }
-    LONG GetLeft() { return host_call::value<LONG>(this, &HostToolbar::get_Left); }
-    LONG GetTop() { return host_call::value<LONG>(this, &HostToolbar::get_Top); }
-    LONG GetFloatingRows() { return host_call::value<LONG>(this, &HostToolbar::get_FloatingRows); }
-    void Dock(LONG side) { host_call::invoke(this, &HostToolbar::raw_Dock, side); }
-    void Float(LONG top, LONG left, LONG rows) { host_call::invoke(this, &HostToolbar::raw_Float, top, left, rows); }
-    LONG GetCount() { return host_call::value<LONG>(this, &HostToolbar::get_Count); }
+    _bstr_t GetName() { return imported_call::text(this, &HostToolbar::get_Name); }
+    _bstr_t GetTagString() { return imported_call::text(this, &HostToolbar::get_TagString); }
+    VARIANT_BOOL GetVisible() { return imported_call::value<VARIANT_BOOL>(this, &HostToolbar::get_Visible); }
+    void PutVisible(VARIANT_BOOL visible) { imported_call::invoke(this, &HostToolbar::put_Visible, visible); }
+    LONG GetDockStatus() { return imported_call::value<LONG>(this, &HostToolbar::get_DockStatus); }
+    LONG GetLeft() { return imported_call::value<LONG>(this, &HostToolbar::get_Left); }
+    LONG GetTop() { return imported_call::value<LONG>(this, &HostToolbar::get_Top); }
+    LONG GetFloatingRows() { return imported_call::value<LONG>(this, &HostToolbar::get_FloatingRows); }
+    void Dock(LONG side) { imported_call::invoke(this, &HostToolbar::raw_Dock, side); }
+    void Float(LONG top, LONG left, LONG rows) { imported_call::invoke(this, &HostToolbar::raw_Float, top, left, rows); }
+    LONG GetCount() { return imported_call::value<LONG>(this, &HostToolbar::get_Count); }
     HostToolbarItemPtr Item(const _variant_t& index)
     {
-        return host_call::object<HostToolbarItemPtr>(this, &HostToolbar::raw_Item, host_call::argument(index));
+        return imported_call::object<HostToolbarItemPtr>(this, &HostToolbar::raw_Item, imported_call::argument(index));
     }
     HostToolbarItemPtr AddButton(const _variant_t& index, const _bstr_t& name, const _bstr_t& helpString,
                                  const _bstr_t& macro)
     {
-        return host_call::object<HostToolbarItemPtr>(this, &HostToolbar::raw_AddButton, host_call::argument(index),
+        return imported_call::object<HostToolbarItemPtr>(this, &HostToolbar::raw_AddButton, imported_call::argument(index),
                                                      static_cast<BSTR>(name), static_cast<BSTR>(helpString),
                                                      static_cast<BSTR>(macro));
     }
-    IUnknownPtr _NewEnum() { return host_call::object<IUnknownPtr>(this, &HostToolbar::raw__NewEnum); }
+    IUnknownPtr _NewEnum() { return imported_call::object<IUnknownPtr>(this, &HostToolbar::raw__NewEnum); }
 };
 
 struct HostToolbars : IDispatch {
@@ -77,10 +77,10 @@ struct HostToolbars : IDispatch {
     virtual HRESULT STDMETHODCALLTYPE raw_Item(VARIANT index, HostToolbar** toolbar) = 0;
     virtual HRESULT STDMETHODCALLTYPE raw__NewEnum(IUnknown** enumerator) = 0;
 
-    LONG GetCount() { return host_call::value<LONG>(this, &HostToolbars::get_Count); }
+    LONG GetCount() { return imported_call::value<LONG>(this, &HostToolbars::get_Count); }
     HostToolbarPtr Item(const _variant_t& index)
     {
-        return host_call::object<HostToolbarPtr>(this, &HostToolbars::raw_Item, host_call::argument(index));
+        return imported_call::object<HostToolbarPtr>(this, &HostToolbars::raw_Item, imported_call::argument(index));
     }
-    IUnknownPtr _NewEnum() { return host_call::object<IUnknownPtr>(this, &HostToolbars::raw__NewEnum); }
+    IUnknownPtr _NewEnum() { return imported_call::object<IUnknownPtr>(this, &HostToolbars::raw__NewEnum); }
 };

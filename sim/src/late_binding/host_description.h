@@ -3,7 +3,6 @@
 #pragma once
 
 #include "host/object_model.h"
-#include "sim/simulator_control.h"
 
 #include <cstddef>
 

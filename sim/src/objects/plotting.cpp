@@ -45,15 +45,15 @@ public:
         return call.succeed();
     }
 
-    HRESULT STDMETHODCALLTYPE get_PlotType(LONG* plotType) override
+    HRESULT STDMETHODCALLTYPE get_PlotType(ZbPlotType* plotType) override
     {
         Call call = begin("HostLayout.get_PlotType");
         if (!call.accepts(plotType))
             return call.status();
-        return call.giveValue(plotType, static_cast<LONG>(m_layout->plotType));
+        return call.giveValue(plotType, static_cast<ZbPlotType>(m_layout->plotType));
     }
 
-    HRESULT STDMETHODCALLTYPE put_PlotType(LONG plotType) override
+    HRESULT STDMETHODCALLTYPE put_PlotType(ZbPlotType plotType) override
     {
         Call call = begin("HostLayout.put_PlotType", {Arg::number(plotType)});
         if (call.refused())

@@ -17,10 +17,6 @@ namespace {
 
 using namespace sim::detail;
 
-constexpr GUID kLibraryId = {0x67d2c5a4, 0x5fc8, 0x4818, {0x83, 0x3a, 0x06, 0xa9, 0x58, 0x9e, 0xc4, 0x66}};
-constexpr CLSID kSimulatedHost = {0x23feeb38, 0xb712, 0x4cf5, {0x8f, 0xe4, 0x82, 0xc3, 0xe6, 0x21, 0xb7, 0xa3}};
-constexpr CLSID kSimulatedHostControl = {0xe9d3bd59, 0x7c05, 0x4177, {0xa9, 0x46, 0x67, 0x2c, 0xd3, 0x78, 0x89, 0xb0}};
-
 std::atomic<long> g_serverLocks{0};
 
 // The application of a new served host.
@@ -55,8 +51,8 @@ struct ServedClass {
 };
 
 const ServedClass kClasses[] = {
-    {&kSimulatedHost, L"Zorb.SimulatedHost", L"Simulated Zorb host", createHost},
-    {&kSimulatedHostControl, L"Zorb.SimulatedHostControl", L"Simulated Zorb host control", createControl},
+    {&__uuidof(SimulatedHost), L"Zorb.SimulatedHost", L"Simulated Zorb host", createHost},
+    {&__uuidof(SimulatedHostControl), L"Zorb.SimulatedHostControl", L"Simulated Zorb host control", createControl},
 };
 
 // Each class's factory lives as long as the DLL; its references only keep the server loaded.
@@ -124,7 +120,7 @@ bool registerClass(const ServedClass& served, const std::wstring& modulePath)
            setValue(classKey + L"\\InprocServer32", nullptr, modulePath) &&
            setValue(classKey + L"\\InprocServer32", L"ThreadingModel", L"Apartment") &&
            setValue(classKey + L"\\ProgID", nullptr, served.progId) &&
-           setValue(classKey + L"\\TypeLib", nullptr, guidText(kLibraryId)) &&
+           setValue(classKey + L"\\TypeLib", nullptr, guidText(LIBID_ZorbHost)) &&
            setValue(served.progId, nullptr, served.description) &&
            setValue(std::wstring(served.progId) + L"\\CLSID", nullptr, guidText(*served.id));
 }
@@ -176,6 +172,6 @@ extern "C" __declspec(dllexport) HRESULT STDAPICALLTYPE DllUnregisterServer()
 {
     for (const ServedClass& served : kClasses)
         unregisterClass(served);
-    UnRegisterTypeLib(kLibraryId, 1, 0, LANG_NEUTRAL, SYS_WIN64);
+    UnRegisterTypeLib(LIBID_ZorbHost, 1, 0, LANG_NEUTRAL, SYS_WIN64);
     return S_OK;
 }

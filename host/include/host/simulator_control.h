@@ -4,7 +4,8 @@
 // files and of `zorbsim`'s journal report.
 #pragma once
 
-#include "host/object_model.h"
+#include "host/application.h"
+#include "host/interface_support.h"
 
 struct SimulatorControl : IDispatch {
     // The application of the host this control runs, with a reference for the caller.
@@ -20,5 +21,3 @@ struct SimulatorControl : IDispatch {
     virtual HRESULT STDMETHODCALLTYPE raw_ClearFaults() = 0;
     virtual HRESULT STDMETHODCALLTYPE get_ReferencesHeld(LONG* count) = 0;
 };
-
-AUTOMATION_DECLARE_UUID(SimulatorControl, 0x6ce8540c, 0x7ca4, 0x4dc5, 0xab, 0x13, 0x32, 0x4e, 0x3c, 0x7e, 0xbd, 0x15)
