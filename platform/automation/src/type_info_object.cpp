@@ -133,9 +133,14 @@ HRESULT TypeInfoObject::GetTypeComp(ITypeComp** typeComp)
     return S_OK;
 }
 
-HRESULT TypeInfoObject::base(ITypeInfoPtr& base)
+thread_local int BaseType::t_depth = 0;
+
+// Only a malformed library derives a type from itself, or goes deeper than this.
+HRESULT TypeInfoObject::base(BaseType& base)
 {
-    return GetRefTypeInfo(m_type.implemented[0].reference, &base);
+    if (base.tooDeep())
+        return E_FAIL;
+    return m_library.resolve(m_type.implemented[0].reference, &base.info);
 }
 
 HRESULT TypeInfoObject::dispatchFunction(UINT index, bool outermost, UINT& count, HREFTYPE& offset,
@@ -147,11 +152,11 @@ HRESULT TypeInfoObject::dispatchFunction(UINT index, bool outermost, UINT& count
     else
         count = 0;
     if (!m_type.implemented.empty()) {
-        ITypeInfoPtr baseInfo;
+        BaseType baseInfo;
         HRESULT status = base(baseInfo);
         if (FAILED(status))
             return status;
-        TypeInfoObject* baseObject = typeInfoObject(baseInfo);
+        TypeInfoObject* baseObject = typeInfoObject(baseInfo.info);
         if (baseObject == nullptr)
             return E_UNEXPECTED;
         UINT baseCount = 0;
@@ -256,9 +261,9 @@ HRESULT TypeInfoObject::GetNames(MEMBERID member, BSTR* names, UINT capacity, UI
         return S_OK;
     }
     if (!m_type.implemented.empty() && (m_face == TKIND_INTERFACE || m_face == TKIND_DISPATCH)) {
-        ITypeInfoPtr baseInfo;
+        BaseType baseInfo;
         if (SUCCEEDED(base(baseInfo)))
-            return baseInfo->GetNames(member, names, capacity, count);
+            return baseInfo.info->GetNames(member, names, capacity, count);
     }
     return TYPE_E_ELEMENTNOTFOUND;
 }
@@ -334,11 +339,11 @@ HRESULT TypeInfoObject::GetIDsOfNames(LPOLESTR* names, UINT count, MEMBERID* ids
         }
     }
     if (!m_type.implemented.empty()) {
-        ITypeInfoPtr baseInfo;
+        BaseType baseInfo;
         const HRESULT status = base(baseInfo);
         if (FAILED(status))
             return status;
-        return baseInfo->GetIDsOfNames(names, count, ids);
+        return baseInfo.info->GetIDsOfNames(names, count, ids);
     }
     return DISP_E_UNKNOWNNAME;
 }
@@ -379,9 +384,9 @@ HRESULT TypeInfoObject::GetDocumentation(MEMBERID member, BSTR* name, BSTR* docS
         return S_OK;
     }
     if (!m_type.implemented.empty() && (m_face == TKIND_INTERFACE || m_face == TKIND_DISPATCH)) {
-        ITypeInfoPtr baseInfo;
+        BaseType baseInfo;
         if (SUCCEEDED(base(baseInfo)))
-            return baseInfo->GetDocumentation(member, name, docString, helpContext, helpFile);
+            return baseInfo.info->GetDocumentation(member, name, docString, helpContext, helpFile);
     }
     return TYPE_E_ELEMENTNOTFOUND;
 }
@@ -417,11 +422,11 @@ HRESULT TypeInfoObject::GetDllEntry(MEMBERID member, INVOKEKIND kind, BSTR* dllN
 HRESULT TypeInfoObject::dispatchReference(HREFTYPE& reference, ITypeInfo** typeInfo)
 {
     if (!m_type.implemented.empty() && (reference & kDispatchReferenceMask) != 0) {
-        ITypeInfoPtr baseInfo;
+        BaseType baseInfo;
         const HRESULT status = base(baseInfo);
         if (FAILED(status))
             return status;
-        TypeInfoObject* baseObject = typeInfoObject(baseInfo);
+        TypeInfoObject* baseObject = typeInfoObject(baseInfo.info);
         if (baseObject != nullptr && SUCCEEDED(baseObject->dispatchReference(reference, typeInfo)))
             return S_OK;
     }
@@ -689,11 +694,11 @@ HRESULT TypeInfoObject::Bind(LPOLESTR name, ULONG hash, WORD flags, ITypeInfo** 
         }
     }
     if (status == DISP_E_MEMBERNOTFOUND && !m_type.implemented.empty()) {
-        ITypeInfoPtr baseInfo;
+        BaseType baseInfo;
         ITypeCompPtr baseComp;
         status = base(baseInfo);
         if (SUCCEEDED(status))
-            status = baseInfo->GetTypeComp(&baseComp);
+            status = baseInfo.info->GetTypeComp(&baseComp);
         if (SUCCEEDED(status)) {
             status = baseComp->Bind(name, hash, flags, typeInfo, kind, bound);
             if (SUCCEEDED(status) && *kind == DESCKIND_FUNCDESC && m_face == TKIND_DISPATCH) {

@@ -10,6 +10,24 @@
 
 namespace automation::detail {
 
+// The type information a type derives from, held while a walk goes down to it; the walks a thread
+// is in count how deep it has gone.
+class BaseType {
+public:
+    BaseType() { ++t_depth; }
+    ~BaseType() { --t_depth; }
+    BaseType(const BaseType&) = delete;
+    BaseType& operator=(const BaseType&) = delete;
+
+    bool tooDeep() const { return t_depth > kDeepest; }
+
+    ITypeInfoPtr info;
+
+private:
+    static const int kDeepest = 64;
+    static thread_local int t_depth;
+};
+
 class TypeInfoObject final : public ITypeInfo2, public ITypeComp {
 public:
     // A type the library owns (its references keep the library alive), or with `detached` another
@@ -73,7 +91,7 @@ public:
 
 private:
     // The type information of the type this one derives from (its first implemented type).
-    HRESULT base(ITypeInfoPtr& base);
+    HRESULT base(BaseType& base);
     // Function `index` of a dispinterface, counting the functions of the types it derives from
     // first; `count` gets how many there are, `offset` what its references must be offset by.
     HRESULT dispatchFunction(UINT index, bool outermost, UINT& count, HREFTYPE& offset, FUNCDESC** function);

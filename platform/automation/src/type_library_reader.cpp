@@ -67,8 +67,9 @@ public:
     std::uint16_t uint16(std::int64_t offset) const { return static_cast<std::uint16_t>(int16(offset)); }
     std::int64_t int64(std::int64_t offset) const
     {
-        return static_cast<std::int64_t>(static_cast<std::uint32_t>(int32(offset))) |
-               static_cast<std::int64_t>(int32(offset + 4)) << 32;
+        return static_cast<std::int64_t>(static_cast<std::uint64_t>(static_cast<std::uint32_t>(int32(offset))) |
+                                         static_cast<std::uint64_t>(static_cast<std::uint32_t>(int32(offset + 4)))
+                                             << 32);
     }
     // Single-byte text as the platform's ANSI code page reads it (its ASCII part is all names use).
     std::wstring text(std::int64_t offset, std::int64_t length) const
@@ -142,6 +143,8 @@ private:
         m_library.guid = guidAt(header(0x08));
         m_library.locale = static_cast<LCID>(header(0x0C));
         m_library.typeLocale = static_cast<LCID>(header(0x10));
+        if ((systemFlags & 0x0F) > SYS_WIN64)
+            throw Malformed{};
         m_library.system = static_cast<SYSKIND>(systemFlags & 0x0F);
         m_library.majorVersion = static_cast<WORD>(header(0x18) & 0xFFFF);
         m_library.minorVersion = static_cast<WORD>((header(0x18) >> 16) & 0xFFFF);
@@ -205,10 +208,11 @@ private:
         _variant_t value;
         VARIANT& raw = value.GetVARIANT();
         if (offset < 0) {
-            V_VT(&raw) = static_cast<VARTYPE>((offset & 0x7C000000) >> 26);
+            const VARTYPE packed = static_cast<VARTYPE>((offset & 0x7C000000) >> 26);
+            if (!isPlainValueType(packed))
+                return value;  // nothing this runtime could hold: left empty
+            V_VT(&raw) = packed;
             V_I4(&raw) = offset & 0x3FFFFFF;
-            if (!isPlainValueType(V_VT(&raw)))
-                value.Clear();
             return value;
         }
         const std::int64_t at = inSegment(kCustomDataTable, offset, 2);
@@ -293,6 +297,7 @@ private:
         const std::int32_t count = table.length / 8;
         for (std::int32_t i = 0; i < count; ++i)
             m_library.typeNodes.emplace_back();
+        m_tableNodes = count;
         for (std::int32_t i = 0; i < count; ++i) {
             const std::int64_t at = table.offset + static_cast<std::int64_t>(i) * 8;
             const std::int16_t kind = m_bytes.int16(at);
@@ -300,9 +305,9 @@ private:
             const std::int16_t high = m_bytes.int16(at + 6);
             TYPEDESC& node = m_library.typeNodes[static_cast<size_t>(i)];
             node.vt = static_cast<VARTYPE>(kind & VT_TYPEMASK);
-            if (kind == VT_PTR || kind == VT_SAFEARRAY) {
+            if (node.vt == VT_PTR || node.vt == VT_SAFEARRAY) {
                 node.lptdesc = high < 0 ? standardNode(static_cast<VARTYPE>(low & VT_TYPEMASK)) : tableNode(low);
-            } else if (kind == VT_USERDEFINED) {
+            } else if (node.vt == VT_USERDEFINED) {
                 node.hreftype = static_cast<HREFTYPE>(static_cast<std::uint16_t>(low) |
                                                       static_cast<std::uint32_t>(static_cast<std::uint16_t>(high)) << 16);
             }
@@ -310,7 +315,7 @@ private:
         // Arrays second, since their element type may be any entry of the table.
         for (std::int32_t i = 0; i < count; ++i) {
             const std::int64_t at = table.offset + static_cast<std::int64_t>(i) * 8;
-            if (m_bytes.int16(at) == VT_CARRAY)
+            if (m_library.typeNodes[static_cast<size_t>(i)].vt == VT_CARRAY)
                 m_library.typeNodes[static_cast<size_t>(i)].lpadesc = readArray(m_bytes.uint16(at + 4));
         }
         for (std::int32_t i = 0; i < count; ++i)
@@ -320,14 +325,22 @@ private:
     TYPEDESC* standardNode(VARTYPE type)
     {
         TYPEDESC& node = m_library.typeNodes.emplace_back();
-        node.vt = type;
+        node.vt = standardType(type);
         return &node;
+    }
+
+    // A type given by its VARTYPE alone cannot be one that points at another.
+    static VARTYPE standardType(VARTYPE type)
+    {
+        if (type == VT_PTR || type == VT_SAFEARRAY || type == VT_CARRAY)
+            throw Malformed{};
+        return type;
     }
 
     TYPEDESC* tableNode(std::int32_t offset)
     {
         const std::int32_t index = offset / 8;
-        if (offset < 0 || static_cast<std::int64_t>(index) * 8 >= m_segments[kTypeDescTable].length)
+        if (offset < 0 || index >= m_tableNodes)
             throw Malformed{};
         return &m_library.typeNodes[static_cast<size_t>(index)];
     }
@@ -345,7 +358,7 @@ private:
         auto& storage = m_library.arrayNodes.emplace_back(new unsigned char[bytes]());
         auto* array = new (storage.get()) ARRAYDESC{};
         if (elementIsStandard < 0)
-            array->tdescElem.vt = static_cast<VARTYPE>(element & VT_TYPEMASK);
+            array->tdescElem.vt = standardType(static_cast<VARTYPE>(element & VT_TYPEMASK));
         else
             array->tdescElem = *tableNode(element);
         array->cDims = static_cast<USHORT>(dimensions);
@@ -356,14 +369,25 @@ private:
         return array;
     }
 
-    // A chain of pointers must end within the table; one that comes round again is malformed.
+    // A chain of pointers and arrays must end within the table, every link there; one that comes
+    // round again is malformed.
     void requireEnds(const TYPEDESC& start) const
     {
         const TYPEDESC* node = &start;
-        for (size_t steps = 0; node->vt == VT_PTR || node->vt == VT_SAFEARRAY; ++steps) {
-            if (steps > m_library.typeNodes.size())
+        for (size_t steps = 0;; ++steps) {
+            if (steps > 2 * m_library.typeNodes.size() + 2)
                 throw Malformed{};
-            node = node->lptdesc;
+            if (node->vt == VT_PTR || node->vt == VT_SAFEARRAY) {
+                if (node->lptdesc == nullptr)
+                    throw Malformed{};
+                node = node->lptdesc;
+            } else if (node->vt == VT_CARRAY) {
+                if (node->lpadesc == nullptr)
+                    throw Malformed{};
+                node = &node->lpadesc->tdescElem;
+            } else {
+                return;
+            }
         }
     }
 
@@ -373,7 +397,7 @@ private:
     {
         if (encoded < 0) {
             TYPEDESC type{};
-            type.vt = static_cast<VARTYPE>(encoded & VT_TYPEMASK);
+            type.vt = standardType(static_cast<VARTYPE>(encoded & VT_TYPEMASK));
             return type;
         }
         return *tableNode(encoded);
@@ -601,7 +625,10 @@ private:
         VariableModel variable;
         variable.type = typeOf(m_bytes.int32(at + 4));
         variable.flags = static_cast<WORD>(m_bytes.int32(at + 8));
-        variable.kind = static_cast<VARKIND>(m_bytes.int16(at + 12));
+        const std::int16_t kind = m_bytes.int16(at + 12);
+        if (kind < VAR_PERINSTANCE || kind > VAR_DISPATCH)
+            throw Malformed{};
+        variable.kind = static_cast<VARKIND>(kind);
         const std::int32_t value = m_bytes.int32(at + 16);
         if (variable.kind == VAR_CONST)
             variable.value = valueAt(value);
@@ -621,6 +648,7 @@ private:
     const Bytes& m_bytes;
     LibraryModel& m_library;
     SegmentPlace m_segments[kSegmentCount]{};
+    std::int32_t m_tableNodes = 0;  // the type-description table's entries, first in typeNodes
 };
 
 }  // namespace
