@@ -7,9 +7,6 @@
 
 #include <algorithm>
 
-// The platform's headers on Windows leave out the smart pointer of the library itself.
-_COM_SMARTPTR_TYPEDEF(ITypeLib, __uuidof(ITypeLib));
-
 namespace typelib_import {
 namespace {
 
