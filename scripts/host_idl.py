@@ -1,15 +1,8 @@
 #!/usr/bin/env python3
-"""The host's IDL, read: the interfaces of its library with their members, as the C++ headers must
-declare them.
+"""The host's IDL, read: the interfaces of its library with their members.
 
-  host_idl.py check IDL HEADER...        fails (exit 1) on any difference between the IDL's
-                                         interfaces and the C++ interfaces the headers declare
-  host_idl.py self-test IDL HEADER...    seeds each kind of drift into the headers' text and fails
-                                         unless check finds every one
-  host_idl.py describe IDL OUT.cpp HEADER...
-                                         writes the description the portable runtime dispatches
-                                         late-bound calls from (builds without a type library
-                                         loader)
+  host_idl.py describe IDL OUT.cpp      writes the description the portable runtime dispatches
+                                         late-bound calls from
 
 The IDL is written in one style (one attribute list per member, HRESULT results, [out, retval]
 last), which is all this reader takes; anything else is reported rather than guessed at.
@@ -60,12 +53,6 @@ class Member:
     @property
     def cpp_name(self):
         return {"method": "raw_", "propget": "get_", "propput": "put_"}[self.kind] + self.name
-
-    def cpp_parameter_types(self, interfaces):
-        types = [cpp_type(p.idl_type, interfaces) for p in self.parameters]
-        if self.result is not None:
-            types.append(cpp_type(self.result, interfaces) + "*")
-        return types
 
 
 @dataclass
@@ -152,156 +139,6 @@ def read_idl(path):
     return interfaces
 
 
-@dataclass
-class CppInterface:
-    name: str
-    iid: str = None
-    members: list = field(default_factory=list)  # (C++ name, [parameter types])
-
-
-def normalise_cpp_type(text):
-    words = text.replace("*", " * ").split()
-    base = " ".join(w for w in words if w != "*")
-    return base + "*" * words.count("*")
-
-
-def read_headers(paths):
-    interfaces = {}
-    uuids = {}
-    for path in paths:
-        text = strip_comments(open(path, encoding="utf-8").read())
-        for match in re.finditer(r"struct\s+(\w+)\s*:\s*IDispatch\s*\{(.*?)\n\};", text, re.S):
-            interface = CppInterface(match.group(1))
-            for method in re.finditer(r"virtual\s+HRESULT\s+STDMETHODCALLTYPE\s+(\w+)\s*\(([^)]*)\)\s*=\s*0;",
-                                      match.group(2)):
-                types = []
-                for parameter in split_top_level(method.group(2)):
-                    typed = re.fullmatch(r"(.+?)\s*\b(\w+)", parameter, re.S)
-                    if not typed:
-                        raise IdlError(f"{path}: cannot read the parameter '{parameter}'")
-                    types.append(normalise_cpp_type(typed.group(1)))
-                interface.members.append((method.group(1), types))
-            interfaces[interface.name] = interface
-        for match in re.finditer(r"AUTOMATION_DECLARE_UUID\((\w+),\s*([^)]*)\)", text):
-            numbers = [int(n.strip(), 16) for n in match.group(2).split(",")]
-            tail = "".join(f"{b:02x}" for b in numbers[3:])
-            uuids[match.group(1)] = f"{numbers[0]:08x}-{numbers[1]:04x}-{numbers[2]:04x}-{tail[:4]}-{tail[4:]}"
-    for name, iid in uuids.items():
-        if name in interfaces:
-            interfaces[name].iid = iid
-    return interfaces
-
-
-def differences(idl_interfaces, cpp_interfaces):
-    """Every way the headers differ from the IDL, one readable line each."""
-    found = []
-    names = {i.name for i in idl_interfaces}
-    for interface in idl_interfaces:
-        cpp = cpp_interfaces.get(interface.name)
-        if cpp is None:
-            found.append(f"{interface.name}: in the IDL, not declared in the headers")
-            continue
-        if cpp.iid != interface.iid:
-            found.append(f"{interface.name}: IID {cpp.iid} in the headers, {interface.iid} in the IDL")
-        seen_ids = {}
-        for member in interface.members:
-            other = seen_ids.setdefault(member.dispid, member)
-            if other is not member and not ({other.kind, member.kind} == {"propget", "propput"}
-                                             and other.name == member.name):
-                found.append(f"{interface.name}: DISPID {member.dispid} names both {other.name} and {member.name}")
-            if member.kind == "propput":
-                getter = next((m for m in interface.members if m.kind == "propget" and m.name == member.name), None)
-                if getter is not None and getter.dispid != member.dispid:
-                    found.append(f"{interface.name}.{member.name}: get has DISPID {getter.dispid}, put {member.dispid}")
-        if any(m.name == "Item" and m.dispid != 0 for m in interface.members):
-            found.append(f"{interface.name}.Item: DISPID is not 0 (DISPID_VALUE)")
-        expected = [(m.cpp_name, m.cpp_parameter_types(names)) for m in interface.members]
-        for slot in range(max(len(expected), len(cpp.members))):
-            want = expected[slot] if slot < len(expected) else None
-            have = cpp.members[slot] if slot < len(cpp.members) else None
-            if want == have:
-                continue
-            where = f"{interface.name} slot {slot + 7}"  # after IUnknown's 3 and IDispatch's 4
-            if want is None:
-                found.append(f"{where}: {have[0]} in the headers, nothing in the IDL")
-            elif have is None:
-                found.append(f"{where}: {want[0]} in the IDL, nothing in the headers")
-            elif want[0] != have[0]:
-                found.append(f"{where}: {have[0]} in the headers, {want[0]} in the IDL")
-            else:
-                found.append(f"{where} {want[0]}: parameters ({', '.join(have[1])}) in the headers, "
-                             f"({', '.join(want[1])}) in the IDL")
-    return found
-
-
-def check(idl, headers):
-    return differences(read_idl(idl), read_headers(headers))
-
-
-# Drifts the check must catch, each as a change of the headers' text.
-def seeded_drifts(interfaces):
-    application = next(i for i in interfaces if i.name == "HostApplication")
-    first, second = application.members[0].cpp_name, application.members[1].cpp_name
-    return [
-        ("two members swapped", lambda t: swap_lines(t, first, second)),
-        ("a member renamed", lambda t: t.replace(f"STDMETHODCALLTYPE {first}(", f"STDMETHODCALLTYPE {first}X(", 1)),
-        ("a parameter's type changed", lambda t: t.replace("raw_Dock(LONG side)", "raw_Dock(INT side)", 1)),
-        ("a member removed", lambda t: re.sub(r"[^\n]*raw_Unload\(\) = 0;\n", "", t, count=1)),
-        ("a member added", lambda t: t.replace("raw_Unload() = 0;", "raw_Unload() = 0;\n"
-                                               "    virtual HRESULT STDMETHODCALLTYPE raw_Reload() = 0;", 1)),
-        ("an IID changed", lambda t: t.replace("AUTOMATION_DECLARE_UUID(HostApplication, 0x",
-                                               "AUTOMATION_DECLARE_UUID(HostApplication, 0x1", 1)),
-    ]
-
-
-def swap_lines(text, first, second):
-    lines = text.split("\n")
-    a = next((i for i, line in enumerate(lines) if f"STDMETHODCALLTYPE {first}(" in line), None)
-    b = next((i for i, line in enumerate(lines) if f"STDMETHODCALLTYPE {second}(" in line), None)
-    if a is None or b is None:
-        return text
-    lines[a], lines[b] = lines[b], lines[a]
-    return "\n".join(lines)
-
-
-def self_test(idl, headers):
-    import os
-    import tempfile
-    interfaces = read_idl(idl)
-    if check(idl, headers):
-        return ["the headers as they stand already differ from the IDL"]
-    failures = []
-    originals = {path: open(path, encoding="utf-8").read() for path in headers}
-    for what, drift in seeded_drifts(interfaces):
-        with tempfile.TemporaryDirectory() as folder:
-            changed, copies = False, []
-            for path, text in originals.items():
-                drifted = drift(text)
-                changed = changed or drifted != text
-                copy = os.path.join(folder, os.path.basename(path))
-                open(copy, "w", encoding="utf-8").write(drifted)
-                copies.append(copy)
-            found = check(idl, copies)
-            if not changed:
-                failures.append(f"{what}: the seed matched nothing in the headers")
-            elif not found:
-                failures.append(f"{what}: not caught")
-            else:
-                print(f"caught {what}: {found[0]}")
-    # The IDL side: a DISPID given twice.
-    drifted = open(idl, encoding="utf-8").read().replace("[id(2), propget] HRESULT MenuGroups",
-                                                          "[id(1), propget] HRESULT MenuGroups", 1)
-    with tempfile.TemporaryDirectory() as folder:
-        copy = os.path.join(folder, "drifted.idl")
-        open(copy, "w", encoding="utf-8").write(drifted)
-        found = check(copy, headers)
-        if not found:
-            failures.append("a DISPID given twice: not caught")
-        else:
-            print(f"caught a DISPID given twice: {found[0]}")
-    return failures
-
-
 def describe(idl, output):
     interfaces = read_idl(idl)
     names = {i.name for i in interfaces}
@@ -381,19 +218,7 @@ def describe(idl, output):
 
 
 def main(argv):
-    if len(argv) >= 3 and argv[0] == "check":
-        found = check(argv[1], argv[2:])
-        for line in found:
-            print(line, file=sys.stderr)
-        if not found:
-            print(f"the headers declare the {len(read_idl(argv[1]))} interfaces of the IDL exactly")
-        return 1 if found else 0
-    if len(argv) >= 3 and argv[0] == "self-test":
-        failures = self_test(argv[1], argv[2:])
-        for line in failures:
-            print(line, file=sys.stderr)
-        return 1 if failures else 0
-    if len(argv) >= 3 and argv[0] == "describe":
+    if len(argv) == 3 and argv[0] == "describe":
         describe(argv[1], argv[2])
         return 0
     print(__doc__, file=sys.stderr)
