@@ -11,6 +11,14 @@ set(build ${WORK_DIR}/example)
 file(REMOVE_RECURSE ${WORK_DIR})
 
 run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${prefix})
+# What the build imports from the host's type library is installed with it: the headers under the
+# names users include, the library and its member reference.
+foreach(imported include/host/object_model.h include/host/members.h lib/ZorbHost.tlb
+                 share/doc/MXHostUtilities/host-members.md)
+  if(NOT EXISTS ${prefix}/${imported})
+    message(FATAL_ERROR "the install lacks ${imported}")
+  endif()
+endforeach()
 
 if(TOOLCHAIN)
   # A cross build finds packages only below its find roots: the prefix becomes one.
