@@ -1,12 +1,13 @@
-# mx_import_type_library(<target> TLB <file.tlb> [HEADER <file.h>] [MEMBERS <file.h> [NAMESPACE <name>]]
-#                        [REFERENCE <file.md>] [DEPENDS <target>...])
+# mx_import_type_library(<target> TLB <file.tlb> [HEADER <file.h> [INCLUDES <header>...]]
+#                        [MEMBERS <file.h> [NAMESPACE <name>]] [REFERENCE <file.md>] [DEPENDS <target>...])
 # Writes at build time what typelib_import makes of a compiled type library: the C++ header of its
 # interfaces, the header of its members' journal names, its Markdown reference. <target> is an
 # interface library that writes them before anything that links it is compiled, and brings
 # imported_call.h, which the header includes; the caller gives it the include folder it wants.
+# INCLUDES names, as the header includes them, the headers of the libraries whose types it uses.
 # DEPENDS names the targets that make the type library.
 function(mx_import_type_library target)
-  cmake_parse_arguments(ARG "" "TLB;HEADER;MEMBERS;NAMESPACE;REFERENCE" "DEPENDS" ${ARGN})
+  cmake_parse_arguments(ARG "" "TLB;HEADER;MEMBERS;NAMESPACE;REFERENCE" "INCLUDES;DEPENDS" ${ARGN})
   if(NOT ARG_TLB)
     message(FATAL_ERROR "mx_import_type_library(${target}): TLB is required")
   endif()
@@ -19,6 +20,11 @@ function(mx_import_type_library target)
     set(options)
     if(kind STREQUAL "MEMBERS" AND ARG_NAMESPACE)
       set(options --namespace ${ARG_NAMESPACE})
+    endif()
+    if(kind STREQUAL "HEADER")
+      foreach(include ${ARG_INCLUDES})
+        list(APPEND options --include ${include})
+      endforeach()
     endif()
     get_filename_component(folder ${ARG_${kind}} DIRECTORY)
     # A target as the command runs through the build's emulator (Wine, on the windows build).

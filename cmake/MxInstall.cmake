@@ -11,10 +11,11 @@ install(TARGETS QRNExternalUtilities QRNRoots sim automation framework host impo
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
   ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
 install(TARGETS zorbsim RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-# The host's type library and its IDL, for clients that bind to the host by name (the windows
-# build's sim.dll also carries the library as its resource).
-install(FILES ${MX_HOST_TYPE_LIBRARY} DESTINATION ${CMAKE_INSTALL_LIBDIR})
+# The host's and the simulator's type libraries and their IDL, for clients that bind to them by
+# name (the windows build's sim.dll also carries both as its resources).
+install(FILES ${MX_HOST_TYPE_LIBRARY} ${MX_SIM_TYPE_LIBRARY} DESTINATION ${CMAKE_INSTALL_LIBDIR})
 install(FILES ${PROJECT_SOURCE_DIR}/host/idl/ZorbHost.idl DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/host)
+install(FILES ${PROJECT_SOURCE_DIR}/sim/idl/ZorbSimulator.idl DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/sim)
 
 install(DIRECTORY
     ${PROJECT_SOURCE_DIR}/platform/automation/include/
@@ -29,6 +30,10 @@ install(DIRECTORY
 if(MX_HOST_IMPORTED_HEADERS)
   install(FILES ${MX_HOST_IMPORTED_HEADERS} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/host)
   install(FILES ${MX_HOST_MEMBER_REFERENCE} DESTINATION ${CMAKE_INSTALL_DOCDIR})
+endif()
+if(MX_SIM_IMPORTED_HEADER)
+  install(FILES ${MX_SIM_IMPORTED_HEADER} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/sim)
+  install(FILES ${MX_SIM_MEMBER_REFERENCE} DESTINATION ${CMAKE_INSTALL_DOCDIR})
 endif()
 install(FILES
     ${PROJECT_SOURCE_DIR}/QRNExternalUtilities/ZORBAppUtilities.h

@@ -21,7 +21,6 @@ struct HostDocuments;
 struct HostDocument;
 struct HostLayout;
 struct HostPlot;
-struct SimulatorControl;
 
 // The identifiers of the host's type library.
 AUTOMATION_DECLARE_UUID(HostApplication, 0x20398ddd, 0x1309, 0x474d, 0x89, 0xda, 0xae, 0x7f, 0xb6, 0xdf, 0x06, 0x81)
@@ -40,7 +39,6 @@ AUTOMATION_DECLARE_UUID(HostDocuments, 0xe7fb15cb, 0x091c, 0x4216, 0xbf, 0x8d, 0
 AUTOMATION_DECLARE_UUID(HostDocument, 0x8ee0a5a2, 0x70ad, 0x4b84, 0x89, 0x5d, 0x33, 0x39, 0x3b, 0xfe, 0x32, 0x0a)
 AUTOMATION_DECLARE_UUID(HostLayout, 0xc30ab642, 0x92ad, 0x4ebc, 0xbf, 0x34, 0x98, 0x06, 0x61, 0xd7, 0xcd, 0xd7)
 AUTOMATION_DECLARE_UUID(HostPlot, 0x2c3423cf, 0x7d34, 0x4ed1, 0x83, 0x03, 0xf0, 0xc1, 0x45, 0xd3, 0xc5, 0xeb)
-AUTOMATION_DECLARE_UUID(SimulatorControl, 0x6ce8540c, 0x7ca4, 0x4dc5, 0xab, 0x13, 0x32, 0x4e, 0x3c, 0x7e, 0xbd, 0x15)
 
 _COM_SMARTPTR_TYPEDEF(HostApplication, __uuidof(HostApplication));
 _COM_SMARTPTR_TYPEDEF(HostPreferences, __uuidof(HostPreferences));
@@ -58,7 +56,6 @@ _COM_SMARTPTR_TYPEDEF(HostDocuments, __uuidof(HostDocuments));
 _COM_SMARTPTR_TYPEDEF(HostDocument, __uuidof(HostDocument));
 _COM_SMARTPTR_TYPEDEF(HostLayout, __uuidof(HostLayout));
 _COM_SMARTPTR_TYPEDEF(HostPlot, __uuidof(HostPlot));
-_COM_SMARTPTR_TYPEDEF(SimulatorControl, __uuidof(SimulatorControl));
 
 // The host's plot areas.
 enum ZbPlotType : int {

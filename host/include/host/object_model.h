@@ -1,4 +1,4 @@
-// The host's automation object model and the simulator's control, as an imported type library
+// The host's automation object model, as an imported type library
 // presents them: one dual interface per host object, raw methods returning the status, and
 // non-virtual wrappers that raise the automation failure on a failed status.
 #pragma once
@@ -7,5 +7,4 @@
 #include "host/documents.h"
 #include "host/menus.h"
 #include "host/preferences.h"
-#include "host/simulator_control.h"
 #include "host/toolbars.h"
