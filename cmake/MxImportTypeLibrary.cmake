@@ -1,15 +1,17 @@
 # mx_import_type_library(<target> TLB <file.tlb> INCLUDE_DIR <folder>
-#                        [HEADER <path>] [MEMBERS <path> [NAMESPACE <name>]]
+#                        [HEADER <path> [INCLUDES <header>...]] [MEMBERS <path> [NAMESPACE <name>]]
 #                        [REFERENCE <file.md>] [DEPENDS <target>...] [INSTALL])
 # Writes at build time what typelib_import makes of a compiled type library: the C++ header of its
 # interfaces and the header of its members' journal names, each at its path below INCLUDE_DIR (the
 # path a source includes it by), and its Markdown reference. <target> is an interface library that
 # writes them before anything that links it is compiled, and gives INCLUDE_DIR and imported_call.h,
-# which the header includes, to what links it (in the build tree only). DEPENDS names the targets
+# which the header includes, to what links it (in the build tree only). INCLUDES names, as the
+# header includes them, the headers of the libraries whose types it uses. DEPENDS names the targets
 # that make the type library. INSTALL installs both headers under the same paths below the
 # package's include folder and the reference with the package's documentation.
 function(mx_import_type_library target)
-  cmake_parse_arguments(ARG "INSTALL" "TLB;INCLUDE_DIR;HEADER;MEMBERS;NAMESPACE;REFERENCE" "DEPENDS" ${ARGN})
+  cmake_parse_arguments(ARG "INSTALL" "TLB;INCLUDE_DIR;HEADER;MEMBERS;NAMESPACE;REFERENCE" "INCLUDES;DEPENDS"
+    ${ARGN})
   if(NOT ARG_TLB OR NOT ARG_INCLUDE_DIR)
     message(FATAL_ERROR "mx_import_type_library(${target}): TLB and INCLUDE_DIR are required")
   endif()
@@ -22,6 +24,11 @@ function(mx_import_type_library target)
     set(options)
     if(kind STREQUAL "MEMBERS" AND ARG_NAMESPACE)
       set(options --namespace ${ARG_NAMESPACE})
+    endif()
+    if(kind STREQUAL "HEADER")
+      foreach(include ${ARG_INCLUDES})
+        list(APPEND options --include ${include})
+      endforeach()
     endif()
     if(kind STREQUAL "REFERENCE")
       set(output ${ARG_REFERENCE})

@@ -1,7 +1,7 @@
 # What `cmake --install` puts in place: the libraries, zorbsim, the public headers under the names
 # the sources include them by, and the CMake package QRNExternalUtilities with namespaced targets.
-# The headers and the member reference imported from the host's type library are installed where
-# they are imported (host/CMakeLists.txt).
+# The headers and member references imported from the host's and the simulator's type libraries
+# are installed where they are imported (host/CMakeLists.txt, sim/CMakeLists.txt).
 include(CMakePackageConfigHelpers)
 
 set(mx_package QRNExternalUtilities)
@@ -13,10 +13,11 @@ install(TARGETS QRNExternalUtilities QRNRoots sim automation framework host impo
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
   ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
 install(TARGETS zorbsim RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-# The host's type library and its IDL, for clients that bind to the host by name (the windows
-# build's sim.dll also carries the library as its resource).
-install(FILES ${MX_HOST_TYPE_LIBRARY} DESTINATION ${CMAKE_INSTALL_LIBDIR})
+# The host's and the simulator's type libraries and their IDL, for clients that bind to them by
+# name (the windows build's sim.dll also carries both as its resources).
+install(FILES ${MX_HOST_TYPE_LIBRARY} ${MX_SIM_TYPE_LIBRARY} DESTINATION ${CMAKE_INSTALL_LIBDIR})
 install(FILES ${PROJECT_SOURCE_DIR}/host/idl/ZorbHost.idl DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/host)
+install(FILES ${PROJECT_SOURCE_DIR}/sim/idl/ZorbSimulator.idl DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/sim)
 
 install(DIRECTORY
     ${PROJECT_SOURCE_DIR}/platform/automation/include/

@@ -25,15 +25,24 @@ std::string element(const ELEMDESC& described, ITypeInfo* context, bool paramete
     return written;
 }
 
+ITypeLibPtr loaded(const wchar_t* path)
+{
+    ITypeLib* library = nullptr;
+    LoadTypeLibEx(path, REGKIND_NONE, &library);
+    return ITypeLibPtr(library, false);
+}
+
 }  // namespace
 
 ITypeLib* hostLibrary()
 {
-    static ITypeLibPtr library = [] {
-        ITypeLib* loaded = nullptr;
-        LoadTypeLibEx(MX_HOST_TYPE_LIBRARY_PATH, REGKIND_NONE, &loaded);
-        return ITypeLibPtr(loaded, false);
-    }();
+    static const ITypeLibPtr library = loaded(MX_HOST_TYPE_LIBRARY_PATH);
+    return library;
+}
+
+ITypeLib* simulatorLibrary()
+{
+    static const ITypeLibPtr library = loaded(MX_SIM_TYPE_LIBRARY_PATH);
     return library;
 }
 

@@ -1,5 +1,6 @@
-// What the type information probe prints of the host's type library: the library as each build
-// loads it from its own ZorbHost.tlb, and the descriptions it gives, written field by field.
+// What the type information probe prints of the host's and the simulator's type libraries: each
+// library as each build loads it from its own compiled file, and the descriptions it gives,
+// written field by field.
 #pragma once
 
 #include "probe.h"
@@ -10,6 +11,8 @@ namespace typeinfo_probe {
 
 // The host's type library, loaded once; null when it cannot be loaded (the cases then say so).
 ITypeLib* hostLibrary();
+// The simulator's own library, which imports the host's; loaded once, null when it cannot be.
+ITypeLib* simulatorLibrary();
 
 // The status of `loaded` followed by what `describe` says of it.
 std::string described(HRESULT loaded, const std::string& description);

@@ -1,4 +1,4 @@
-// Every type of the host's library as a client walks it: its attributes, each function and
+// Every type of the host's and the simulator's libraries as a client walks it: its attributes, each function and
 // variable with its names, documentation and ids of names, the types it implements and refers
 // to, the other face of a dual interface, ITypeComp and ITypeInfo2, and the errors of indexes,
 // ids and names a type does not have.
@@ -272,11 +272,11 @@ void addTypeCases(const std::string& prefix, ITypeInfo* typeInfo)
     });
 }
 
-// Registers the cases of every type of the library, and of the other face of each dual one.
-const bool kTypes = [] {
-    ITypeLib* library = hostLibrary();
+// Registers the cases of every type of a library, and of the other face of each dual one.
+void addLibraryCases(ITypeLib* library)
+{
     if (library == nullptr)
-        return false;
+        return;
     for (UINT t = 0; t < library->GetTypeInfoCount(); ++t) {
         ITypeInfo* typeInfo = nullptr;
         if (FAILED(library->GetTypeInfo(t, &typeInfo)))
@@ -290,6 +290,13 @@ const bool kTypes = [] {
         if (other)
             addTypeCases(prefix + ".other_face", other.Detach());
     }
+}
+
+// The simulator's library refers to the host's types through its import, which each build resolves
+// in its own way (the portable runtime beside the importing file).
+const bool kTypes = [] {
+    addLibraryCases(hostLibrary());
+    addLibraryCases(simulatorLibrary());
     return true;
 }();
 

@@ -11,10 +11,11 @@ set(build ${WORK_DIR}/example)
 file(REMOVE_RECURSE ${WORK_DIR})
 
 run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${prefix})
-# What the build imports from the host's type library is installed with it: the headers under the
-# names users include, the library and its member reference.
-foreach(imported include/host/object_model.h include/host/members.h lib/ZorbHost.tlb
-                 share/doc/MXHostUtilities/host-members.md)
+# What the build imports from the host's and the simulator's type libraries is installed with it:
+# the headers under the names users include, the libraries and their member references.
+foreach(imported include/host/object_model.h include/host/members.h include/sim/simulator_control.h
+                 lib/ZorbHost.tlb lib/ZorbSimulator.tlb share/doc/MXHostUtilities/host-members.md
+                 share/doc/MXHostUtilities/simulator-members.md)
   if(NOT EXISTS ${prefix}/${imported})
     message(FATAL_ERROR "the install lacks ${imported}")
   endif()

@@ -23,6 +23,14 @@ std::wstring simulatorModulePath()
     return path;
 }
 
+std::wstring servedLibraryPath(ServedLibrary library)
+{
+    const std::wstring module = simulatorModulePath();
+    if (module.empty())
+        return {};
+    return module + L"\\" + std::to_wstring(static_cast<int>(library));
+}
+
 namespace {
 
 struct LoadedLibrary {
@@ -31,16 +39,25 @@ struct LoadedLibrary {
     ITypeLib* library = nullptr;
 };
 
-const LoadedLibrary& loadedLibrary()
+const LoadedLibrary& loadedLibrary(ServedLibrary served)
 {
-    static LoadedLibrary loaded;
-    static std::once_flag once;
-    std::call_once(once, [] {
-        const std::wstring path = simulatorModulePath();
+    static LoadedLibrary loaded[2];
+    static std::once_flag once[2];
+    const size_t at = served == ServedLibrary::host ? 0 : 1;
+    std::call_once(once[at], [served, &slot = loaded[at]] {
+        const std::wstring path = servedLibraryPath(served);
         if (!path.empty())
-            loaded.status = LoadTypeLibEx(path.c_str(), REGKIND_NONE, &loaded.library);
+            slot.status = LoadTypeLibEx(path.c_str(), REGKIND_NONE, &slot.library);
     });
-    return loaded;
+    return loaded[at];
+}
+
+HRESULT typeInfoIn(ServedLibrary served, const IID& iid, ITypeInfo** typeInfo)
+{
+    const LoadedLibrary& loaded = loadedLibrary(served);
+    if (FAILED(loaded.status))
+        return loaded.status;
+    return loaded.library->GetTypeInfoOfGuid(iid, typeInfo);
 }
 
 }  // namespace
@@ -48,10 +65,10 @@ const LoadedLibrary& loadedLibrary()
 HRESULT hostTypeInfo(const IID& iid, ITypeInfo** typeInfo)
 {
     *typeInfo = nullptr;
-    const LoadedLibrary& loaded = loadedLibrary();
-    if (FAILED(loaded.status))
-        return loaded.status;
-    return loaded.library->GetTypeInfoOfGuid(iid, typeInfo);
+    const HRESULT inHost = typeInfoIn(ServedLibrary::host, iid, typeInfo);
+    if (inHost != TYPE_E_ELEMENTNOTFOUND)
+        return inHost;
+    return typeInfoIn(ServedLibrary::simulator, iid, typeInfo);
 }
 
 #else

@@ -7,16 +7,23 @@
 
 namespace sim::detail {
 
-// The type information of one interface of the host's library (for a dual interface, its
-// dispatch description, as GetTypeInfoOfGuid gives it), with a reference for the caller. On
-// Windows the library is the resource of the simulator's DLL, loaded through the platform on first
-// demand and kept for the life of the process; elsewhere the portable runtime serves the same
-// description, compiled in. Fails with the runtime's status when there is none.
+// The type information of one interface the simulated host serves, of the host's library or of
+// the simulator's own (for a dual interface, its dispatch description, as GetTypeInfoOfGuid gives
+// it), with a reference for the caller. On Windows the libraries are resources of the simulator's
+// DLL, loaded through the platform on first demand and kept for the life of the process; elsewhere
+// the portable runtime serves the host's description, compiled in. Fails with the runtime's status
+// when there is none.
 HRESULT hostTypeInfo(const IID& iid, ITypeInfo** typeInfo);
 
 #ifdef _WIN32
-// The simulator's own DLL, whose resource holds the library; empty when it cannot be found.
+// The type library resources of the simulator's DLL, numbered as its resource script numbers them.
+enum class ServedLibrary { host = 1, simulator = 2 };
+
+// The simulator's own DLL, whose resources hold the libraries; empty when it cannot be found.
 std::wstring simulatorModulePath();
+
+// The path by which LoadTypeLibEx finds `library` in the DLL; empty when the DLL cannot be found.
+std::wstring servedLibraryPath(ServedLibrary library);
 #endif
 
 }  // namespace sim::detail

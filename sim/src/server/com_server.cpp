@@ -151,7 +151,10 @@ extern "C" __declspec(dllexport) HRESULT STDAPICALLTYPE DllCanUnloadNow()
     return g_serverLocks == 0 && liveControls() == 0 && !servedHostInUse() ? S_OK : S_FALSE;
 }
 
-// The classes and the type library, which the DLL carries as its resource.
+// The libraries the DLL carries, the host's first, since the simulator's imports it.
+constexpr ServedLibrary kServedLibraries[] = {ServedLibrary::host, ServedLibrary::simulator};
+
+// The classes and the type libraries, which the DLL carries as its resources.
 extern "C" __declspec(dllexport) HRESULT STDAPICALLTYPE DllRegisterServer()
 {
     const std::wstring modulePath = simulatorModulePath();
@@ -161,10 +164,11 @@ extern "C" __declspec(dllexport) HRESULT STDAPICALLTYPE DllRegisterServer()
         if (!registerClass(served, modulePath))
             return SELFREG_E_CLASS;
     }
-    ITypeLib* library = nullptr;
-    if (FAILED(LoadTypeLibEx(modulePath.c_str(), REGKIND_REGISTER, &library)))
-        return SELFREG_E_TYPELIB;
-    library->Release();
+    for (const ServedLibrary served : kServedLibraries) {
+        ITypeLibPtr library;
+        if (FAILED(LoadTypeLibEx(servedLibraryPath(served).c_str(), REGKIND_REGISTER, &library)))
+            return SELFREG_E_TYPELIB;
+    }
     return S_OK;
 }
 
@@ -172,6 +176,16 @@ extern "C" __declspec(dllexport) HRESULT STDAPICALLTYPE DllUnregisterServer()
 {
     for (const ServedClass& served : kClasses)
         unregisterClass(served);
-    UnRegisterTypeLib(LIBID_ZorbHost, 1, 0, LANG_NEUTRAL, SYS_WIN64);
+    // Each library is unregistered under the identity and version it carries itself.
+    for (const ServedLibrary served : kServedLibraries) {
+        ITypeLibPtr library;
+        TLIBATTR* attributes = nullptr;
+        if (FAILED(LoadTypeLibEx(servedLibraryPath(served).c_str(), REGKIND_NONE, &library)) ||
+            FAILED(library->GetLibAttr(&attributes)))
+            continue;
+        UnRegisterTypeLib(attributes->guid, attributes->wMajorVerNum, attributes->wMinorVerNum, attributes->lcid,
+                          attributes->syskind);
+        library->ReleaseTLibAttr(attributes);
+    }
     return S_OK;
 }

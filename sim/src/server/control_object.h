@@ -2,7 +2,7 @@
 // it started, and fails its calls (E_UNEXPECTED) once another replaced it.
 #pragma once
 
-#include "host/object_model.h"
+#include "sim/simulator_control.h"
 
 namespace sim::detail {
 

@@ -262,7 +262,7 @@ Library withParametersApartFromTypes(Library library)
 
 }  // namespace
 
-std::string writeHeader(const Library& imported)
+std::string writeHeader(const Library& imported, const std::vector<std::string>& includes)
 {
     const Library library = withParametersApartFromTypes(imported);
     std::ostringstream out;
@@ -271,7 +271,10 @@ std::string writeHeader(const Library& imported)
         << library.minorVersion
         << ", as C++: written by typelib_import from the compiled library; do not edit.\n";
     writeComment(out, library.doc, "");
-    out << "#pragma once\n\n#include \"automation.h\"\n#include \"imported_call.h\"\n\n";
+    out << "#pragma once\n\n#include \"automation.h\"\n#include \"imported_call.h\"\n";
+    for (const std::string& include : includes)
+        out << "#include \"" << include << "\"\n";
+    out << "\n";
     writeDeclarations(out, library);
     writeEnumerations(out, library);
     for (const Interface& declared : library.interfaces)

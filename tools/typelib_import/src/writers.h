@@ -4,12 +4,14 @@
 #include "library_model.h"
 
 #include <string>
+#include <vector>
 
 namespace typelib_import {
 
 // The C++ header of the library: its identifiers, smart pointers, enumerations and, for each
 // interface, the raw virtual methods in vtable order and the throwing wrappers of imported_call.h.
-std::string writeHeader(const Library& library);
+// `includes` are the headers of the libraries it imports types from, included by these names.
+std::string writeHeader(const Library& library, const std::vector<std::string>& includes);
 
 // Each member's journal name ("Interface.get_Name", "Interface.Method") and the variant type it
 // gives, as constants in namespace `space`, one nested namespace per interface, and `all` of them.
