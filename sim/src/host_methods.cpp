@@ -37,8 +37,9 @@ constexpr bool knowsEveryMember()
             return false;
     return true;
 }
-static_assert(knowsEveryMember(),
-              "a member of the host's type library gives a variant type that the simulator's faults do not know");
+static_assert(
+    knowsEveryMember(),
+    "a member of the host's type library gives a variant type that the simulator's faults do not know");
 
 constexpr std::size_t kMethodCount = std::size(undescribed::all) + std::size(members::all);
 

@@ -34,7 +34,8 @@ inline constexpr HostMethod zbedGetVar{"sdk.zbedGetVar", Gives::shortNumber, fal
 inline constexpr HostMethod zbedSetVar{"sdk.zbedSetVar", Gives::nothing, false};
 inline constexpr HostMethod zbedFindFile{"sdk.zbedFindFile", Gives::foundPath, false};
 inline constexpr HostMethod zbHeapFree{"sdk.zbHeapFree", Gives::nothing, false};
-inline constexpr HostMethod zbdbHostApplicationServices{"sdk.zbdbHostApplicationServices", Gives::object, false};
+inline constexpr HostMethod zbdbHostApplicationServices{"sdk.zbdbHostApplicationServices", Gives::object,
+                                                        false};
 inline constexpr HostMethod getUserRegistryProductRootKey{
     "ZbDbHostApplicationServices.getUserRegistryProductRootKey", Gives::text, false};
 inline constexpr HostMethod getIDispatch{"CWinApp.GetIDispatch", Gives::object, false};
@@ -46,9 +47,19 @@ inline constexpr HostMethod enumerationReset{"IEnumVARIANT.Reset", Gives::nothin
 inline constexpr HostMethod enumerationClone{"IEnumVARIANT.Clone", Gives::object, true};
 
 inline constexpr const HostMethod* all[] = {
-    &zbedGetZorbWinApp, &zbedGetVar,     &zbedSetVar,      &zbedFindFile,     &zbHeapFree,
-    &zbdbHostApplicationServices,        &getUserRegistryProductRootKey,      &getIDispatch,
-    &queryApplication,  &enumerationNext, &enumerationSkip, &enumerationReset, &enumerationClone,
+    &zbedGetZorbWinApp,
+    &zbedGetVar,
+    &zbedSetVar,
+    &zbedFindFile,
+    &zbHeapFree,
+    &zbdbHostApplicationServices,
+    &getUserRegistryProductRootKey,
+    &getIDispatch,
+    &queryApplication,
+    &enumerationNext,
+    &enumerationSkip,
+    &enumerationReset,
+    &enumerationClone,
 };
 
 }  // namespace undescribed

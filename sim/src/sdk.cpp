@@ -113,7 +113,8 @@ int zbedFindFile(const wchar_t* fileName, ZbString& found)
     sim::detail::Installation* host = sim::detail::installed();
     if (host == nullptr)
         return kZbError;
-    Call call(host->core(), sdkSubject(), sim::detail::undescribed::zbedFindFile.name, {Arg::sdkText(fileName)});
+    Call call(host->core(), sdkSubject(), sim::detail::undescribed::zbedFindFile.name,
+              {Arg::sdkText(fileName)});
     if (call.refused())
         return kZbError;
     const std::wstring wanted = fileName != nullptr ? fileName : L"";

@@ -55,7 +55,8 @@ public:
 
     HRESULT STDMETHODCALLTYPE raw_ZoomWindow(VARIANT lowerLeft, VARIANT upperRight) override
     {
-        Call call = begin(members::HostApplication::ZoomWindow, {Arg::variant(lowerLeft), Arg::variant(upperRight)});
+        Call call =
+            begin(members::HostApplication::ZoomWindow, {Arg::variant(lowerLeft), Arg::variant(upperRight)});
         if (call.refused())
             return call.status();
         if (!state().activeDocument)

@@ -50,7 +50,8 @@ public:
     HRESULT STDMETHODCALLTYPE raw_LoadMenuFile(BSTR menuFile, VARIANT baseMenu,
                                                HostMenuGroup** group) override
     {
-        Call call = begin(members::HostMenuGroups::LoadMenuFile, {Arg::text(menuFile), Arg::variant(baseMenu)});
+        Call call =
+            begin(members::HostMenuGroups::LoadMenuFile, {Arg::text(menuFile), Arg::variant(baseMenu)});
         if (!call.accepts(group))
             return call.status();
         // The interface documents an empty base-menu argument as "not the base menu".

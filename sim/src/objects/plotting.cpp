@@ -34,7 +34,8 @@ public:
 
     HRESULT STDMETHODCALLTYPE raw_SetWindowToPlot(VARIANT lowerLeft, VARIANT upperRight) override
     {
-        Call call = begin(members::HostLayout::SetWindowToPlot, {Arg::variant(lowerLeft), Arg::variant(upperRight)});
+        Call call =
+            begin(members::HostLayout::SetWindowToPlot, {Arg::variant(lowerLeft), Arg::variant(upperRight)});
         if (call.refused())
             return call.status();
         PlotWindow window;

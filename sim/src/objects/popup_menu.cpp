@@ -75,8 +75,8 @@ public:
     HRESULT STDMETHODCALLTYPE raw_AddMenuItem(VARIANT index, BSTR label, BSTR macro,
                                               HostPopupMenuItem** item) override
     {
-        Call call =
-            begin(members::HostPopupMenu::AddMenuItem, {Arg::variant(index), Arg::text(label), Arg::text(macro)});
+        Call call = begin(members::HostPopupMenu::AddMenuItem,
+                          {Arg::variant(index), Arg::text(label), Arg::text(macro)});
         if (!call.accepts(item))
             return call.status();
         auto added = std::make_shared<PopupMenuItem>();

@@ -53,7 +53,8 @@ public:
 
     HRESULT STDMETHODCALLTYPE raw_SetBitmaps(BSTR smallBitmap, BSTR largeBitmap) override
     {
-        Call call = begin(members::HostToolbarItem::SetBitmaps, {Arg::text(smallBitmap), Arg::text(largeBitmap)});
+        Call call =
+            begin(members::HostToolbarItem::SetBitmaps, {Arg::text(smallBitmap), Arg::text(largeBitmap)});
         if (call.refused())
             return call.status();
         if (SysStringLen(smallBitmap) == 0 || SysStringLen(largeBitmap) == 0)

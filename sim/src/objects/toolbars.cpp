@@ -129,7 +129,8 @@ public:
 
     HRESULT STDMETHODCALLTYPE raw_Float(LONG top, LONG left, LONG rows) override
     {
-        Call call = begin(members::HostToolbar::Float, {Arg::number(top), Arg::number(left), Arg::number(rows)});
+        Call call =
+            begin(members::HostToolbar::Float, {Arg::number(top), Arg::number(left), Arg::number(rows)});
         if (call.refused())
             return call.status();
         if (rows < 1)
