@@ -4,6 +4,7 @@
 
 #include "automation.h"
 #include "operation.h"
+#include "output_file.h"
 
 #include "sim/faults.h"
 #include "sim/model.h"
@@ -57,6 +58,7 @@ struct Scenario {
     std::string name;             // the file, or "built-in demo"
     std::string description;      // optional, for the report
     std::string hostDescription;  // "built-in default host", "inline", or the state file
+    std::vector<InputFile> inputFiles;  // the scenario's file and the host state file it names
     sim::HostState host;
     std::vector<Step> steps;
 };
