@@ -21,7 +21,8 @@ sim::HostState stateOfFile(const std::string& stateFile)
             throw;
         std::error_code unknown;
         const std::filesystem::path folder = std::filesystem::current_path(unknown);
-        throw std::runtime_error(std::string(error.what()) + " (a relative path is taken from the folder the test runs in: " +
+        throw std::runtime_error(std::string(error.what()) +
+                                 " (a relative path is taken from the folder the test runs in: " +
                                  (unknown ? std::string("unknown") : folder.string()) + ")");
     }
 }

@@ -28,8 +28,9 @@ namespace {
 // "1 reference on HostApplication, given by CWinApp.GetIDispatch"
 std::string heldObjectLine(const sim::HeldObject& object)
 {
-    return std::to_string(object.references) + (object.references == 1 ? " reference on " : " references on ") +
-           object.object + (object.givenBy.empty() ? std::string() : ", given by " + object.givenBy);
+    return std::to_string(object.references) +
+           (object.references == 1 ? " reference on " : " references on ") + object.object +
+           (object.givenBy.empty() ? std::string() : ", given by " + object.givenBy);
 }
 
 }  // namespace

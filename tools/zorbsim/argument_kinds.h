@@ -1,8 +1,8 @@
 // How the parameters and results of the module's exported operations cross between a scenario's
 // JSON and a real call. Each C++ type that appears in an exported signature has one ArgumentKind
 // (or ResultKind): the name `zorbsim ops` shows, whether the call may write it (a reference), the
-// value held for the call, and the conversions. An operation whose signature uses a type without a kind does not
-// compile into the table: that type needs its kind here first.
+// value held for the call, and the conversions. An operation whose signature uses a type without a kind does
+// not compile into the table: that type needs its kind here first.
 #pragma once
 
 #include "automation_failure.h"

@@ -38,7 +38,8 @@ std::vector<RunOutput> runOutputs(const ReportOptions& options, const std::vecto
 {
     std::vector<RunOutput> outputs;
     if (options.dumpState)
-        outputs.push_back({{"--dump-state", options.dumpStatePath, "the host state", inputs}, finalStateText});
+        outputs.push_back(
+            {{"--dump-state", options.dumpStatePath, "the host state", inputs}, finalStateText});
     if (options.html)
         outputs.push_back({{"--html", options.htmlPath, "the HTML report", inputs}, runPage});
     return outputs;

@@ -121,11 +121,12 @@ std::string windowToolbarsHtml(const sim::HostState& before, const sim::HostStat
            "</div><div class=\"middle\"><div class=\"dock dock-left\">" + areas[2] +
            "</div><div class=\"drawing\">" + drawing + "<div class=\"canvas\">" + areas[4] +
            "<span class=\"canvas-note\">floating toolbars at half their place</span></div>" +
-           (hiddenFloating.empty() ? std::string()
-                                   : "<div class=\"dock parked\"><span class=\"muted\">hidden, floating:</span>" +
-                                         hiddenFloating + "</div>") +
-           "</div><div class=\"dock dock-right\">" +
-           areas[3] + "</div></div><div class=\"dock dock-bottom\">" + areas[1] + "</div>";
+           (hiddenFloating.empty()
+                ? std::string()
+                : "<div class=\"dock parked\"><span class=\"muted\">hidden, floating:</span>" +
+                      hiddenFloating + "</div>") +
+           "</div><div class=\"dock dock-right\">" + areas[3] +
+           "</div></div><div class=\"dock dock-bottom\">" + areas[1] + "</div>";
 }
 
 std::string toolbarEntryHtml(const NodeVersions<sim::Toolbar>& toolbar)

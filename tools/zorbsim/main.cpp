@@ -22,7 +22,8 @@ namespace {
 // the text on stderr. Looked for on the whole line, since the error may come before it was parsed.
 bool asksForJson(int argc, char** argv)
 {
-    return std::any_of(argv + 1, argv + argc, [](const char* argument) { return std::strcmp(argument, "--json") == 0; });
+    return std::any_of(argv + 1, argv + argc,
+                       [](const char* argument) { return std::strcmp(argument, "--json") == 0; });
 }
 
 int reportError(const std::string& message, int exitCode, bool json)
@@ -34,7 +35,8 @@ int reportError(const std::string& message, int exitCode, bool json)
 }
 
 // The first argument names the subcommand; CLI11 would only say that one is required.
-std::optional<std::string> unknownSubcommand(int argc, char** argv, const std::vector<std::string>& subcommands)
+std::optional<std::string> unknownSubcommand(int argc, char** argv,
+                                             const std::vector<std::string>& subcommands)
 {
     if (argc < 2 || argv[1][0] == '\0' || argv[1][0] == '-' ||
         std::find(subcommands.begin(), subcommands.end(), argv[1]) != subcommands.end())
@@ -85,18 +87,19 @@ int main(int argc, char** argv)
     app.allow_windows_style_options(false);
     app.require_subcommand(1);
     app.set_version_flag("--version", "zorbsim " ZORBSIM_VERSION);
-    app.footer("The pages, in " ZORBSIM_DOC_FOLDER " of the installed package (docs/ in the sources): scenarios.md "
-               "(scenarios and reports), simulated-host.md (host states, faults), testing-with-the-simulated-host.md "
-               "(the GoogleTest helper), driving-by-name.md (late binding and scripts).");
+    app.footer("The pages, in " ZORBSIM_DOC_FOLDER " of the installed package (docs/ in the sources): "
+               "scenarios.md (scenarios and reports), simulated-host.md (host states, faults), "
+               "testing-with-the-simulated-host.md (the GoogleTest helper), driving-by-name.md (late binding "
+               "and scripts).");
 
     ReportOptions reportOptions;
     CLI::App* demo = app.add_subcommand("demo", "Play the MX product's start-up on the built-in default host");
     addReportOptions(*demo, reportOptions);
 
     std::string scenarioPath;
-    CLI::App* run = app.add_subcommand(
-        "run", "Run a scenario file (its format: " ZORBSIM_DOC_FOLDER "/scenarios.md in the installed package, "
-               "docs/scenarios.md in the sources)");
+    CLI::App* run = app.add_subcommand("run", "Run a scenario file (its format: " ZORBSIM_DOC_FOLDER
+                                              "/scenarios.md in the installed package, "
+                                              "docs/scenarios.md in the sources)");
     run->add_option("SCENARIO", scenarioPath, "The scenario (JSON)")->required();
     addReportOptions(*run, reportOptions);
 
@@ -142,7 +145,8 @@ int main(int argc, char** argv)
     }
     // Failures of the module are part of the report; these would be zorbsim's own faults.
     catch (const _com_error& error) {
-        return reportError("internal error: automation failure " + statusWithMessage(error.Error()), kBadInput, json);
+        return reportError("internal error: automation failure " + statusWithMessage(error.Error()),
+                           kBadInput, json);
     }
     catch (const std::exception& error) {
         return reportError(std::string("internal error: ") + error.what(), kBadInput, json);

@@ -90,10 +90,11 @@ public:
     // "ZORBAppUtilities::getHatchFilePath(valueName: in string, path: out string) -> bool"
     std::string signature() const;
 
-    // Takes a scenario's "args" (null when absent): every input and in/out parameter must be given,
-    // outputs start from their starting value unless given one. Unknown, missing or mistyped arguments fail at `place`.
-    // The values are converted here, before any fault of the host is armed, so that a fault that
-    // fails the n-th string allocation counts the module's allocations only.
+    // Takes a scenario's "args" (null when absent): every input and in/out parameter must be
+    // given, outputs start from their starting value unless given one. Unknown, missing or
+    // mistyped arguments fail at `place`. The values are converted here, before any fault of the
+    // host is armed, so that a fault that fails the n-th string allocation counts the module's
+    // allocations only.
     BoundCall bind(const nlohmann::json& arguments, const InputPlace& place) const;
 
 private:

@@ -58,7 +58,8 @@ struct Scenario {
     std::string name;             // the file, or "built-in demo"
     std::string description;      // optional, for the report
     std::string hostDescription;  // "built-in default host", "inline", or the state file
-    std::vector<InputFile> inputFiles;  // the scenario's file and the host state file it names
+    // The scenario's file and the host state file it names, which no output may replace.
+    std::vector<InputFile> inputFiles;
     sim::HostState host;
     std::vector<Step> steps;
 };

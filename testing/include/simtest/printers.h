@@ -17,8 +17,7 @@ void PrintTo(const MxtString& text, std::ostream* out);
 void PrintTo(const _bstr_t& text, std::ostream* out);
 void PrintTo(const _variant_t& value, std::ostream* out);
 
-template <class Element>
-void PrintTo(const MxtArray<Element>& array, std::ostream* out)
+template <class Element> void PrintTo(const MxtArray<Element>& array, std::ostream* out)
 {
     *out << "{";
     for (int i = 0; i < array.getLength(); ++i)
