@@ -43,6 +43,15 @@ install(FILES
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 install(EXPORT ${mx_package}Targets NAMESPACE ${mx_package}:: DESTINATION ${mx_package_dir})
 
+# The pages a user of the package reads beside it: the scenario format, host states, the test helper
+# and driving the host by name. zorbsim's help names this folder (ZORBSIM_DOC_FOLDER).
+install(FILES
+    ${PROJECT_SOURCE_DIR}/docs/scenarios.md
+    ${PROJECT_SOURCE_DIR}/docs/simulated-host.md
+    ${PROJECT_SOURCE_DIR}/docs/testing-with-the-simulated-host.md
+    ${PROJECT_SOURCE_DIR}/docs/driving-by-name.md
+  DESTINATION ${CMAKE_INSTALL_DOCDIR})
+
 # The simulated host's headers include nlohmann/json. A Windows machine has no copy of it for this
 # compiler, so the Windows package carries the headers the build used.
 if(CMAKE_CROSSCOMPILING)
