@@ -11,8 +11,9 @@ install(TARGETS QRNExternalUtilities QRNRoots sim automation framework host impo
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
   ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
 install(TARGETS zorbsim RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-# The host's type library and its IDL, for clients that bind to the host by name (the windows
-# build's sim.dll also carries the library as its resource).
+# The host's type library and its IDL, for clients that bind to the host by name. The library
+# lies beside libsim.so, which serves late-bound calls from it (the windows build's sim.dll
+# carries it as its resource).
 install(FILES ${MX_HOST_TYPE_LIBRARY} DESTINATION ${CMAKE_INSTALL_LIBDIR})
 install(FILES ${PROJECT_SOURCE_DIR}/host/idl/ZorbHost.idl DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/host)
 

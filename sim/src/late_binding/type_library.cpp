@@ -1,9 +1,11 @@
 #include "late_binding/type_library.h"
 
-#ifdef _WIN32
 #include <mutex>
-#else
-#include "late_binding/host_description.h"
+
+#ifndef _WIN32
+#include "sim/utf8.h"
+
+#include <dlfcn.h>
 #endif
 
 namespace sim::detail {
@@ -22,50 +24,64 @@ std::wstring simulatorModulePath()
     path.resize(length);
     return path;
 }
+#endif
 
 namespace {
 
-struct LoadedLibrary {
-    HRESULT status = TYPE_E_CANTLOADLIBRARY;
-    // Kept, not released: type information handed out refers to it until the process ends.
-    ITypeLib* library = nullptr;
-};
-
-const LoadedLibrary& loadedLibrary()
+// The file the library is loaded from; empty when it cannot be named.
+std::wstring libraryFile()
 {
-    static LoadedLibrary loaded;
-    static std::once_flag once;
-    std::call_once(once, [] {
-        const std::wstring path = simulatorModulePath();
-        if (!path.empty())
-            loaded.status = LoadTypeLibEx(path.c_str(), REGKIND_NONE, &loaded.library);
-    });
-    return loaded;
+#ifdef _WIN32
+    return simulatorModulePath();
+#else
+    // The library the installed package and the build put beside libsim.so.
+    Dl_info self{};
+    if (dladdr(reinterpret_cast<void*>(&hostTypeInfo), &self) == 0 || self.dli_fname == nullptr)
+        return {};
+    const std::string simulator = self.dli_fname;
+    const std::optional<std::wstring> folder =
+        text::fromUtf8(std::string_view(simulator).substr(0, simulator.find_last_of('/') + 1));
+    return folder ? *folder + L"ZorbHost.tlb" : std::wstring();
+#endif
 }
+
+// The library, once loaded: kept, not released, since type information handed out refers to it
+// until the process ends. A load that failed is tried again on the next demand.
+HRESULT loadedLibrary(ITypeLib*& library)
+{
+    static std::mutex lock;
+    static ITypeLib* loaded = nullptr;
+    const std::lock_guard<std::mutex> held(lock);
+    if (loaded == nullptr) {
+        const std::wstring path = libraryFile();
+        const HRESULT status =
+            path.empty() ? TYPE_E_CANTLOADLIBRARY : LoadTypeLibEx(path.c_str(), REGKIND_NONE, &loaded);
+        if (FAILED(status))
+            return status;
+    }
+    library = loaded;
+    return S_OK;
+}
+
+#ifndef _WIN32
+// Loaded with the simulator, so that the strings the library keeps for the life of the process
+// are alive before any test counts the strings its calls leave.
+[[maybe_unused]] const bool kLoadedWithTheSimulator = [] {
+    ITypeLib* library = nullptr;
+    return SUCCEEDED(loadedLibrary(library));
+}();
+#endif
 
 }  // namespace
 
 HRESULT hostTypeInfo(const IID& iid, ITypeInfo** typeInfo)
 {
     *typeInfo = nullptr;
-    const LoadedLibrary& loaded = loadedLibrary();
-    if (FAILED(loaded.status))
-        return loaded.status;
-    return loaded.library->GetTypeInfoOfGuid(iid, typeInfo);
+    ITypeLib* library = nullptr;
+    const HRESULT loaded = loadedLibrary(library);
+    if (FAILED(loaded))
+        return loaded;
+    return library->GetTypeInfoOfGuid(iid, typeInfo);
 }
-
-#else
-
-HRESULT hostTypeInfo(const IID& iid, ITypeInfo** typeInfo)
-{
-    *typeInfo = nullptr;
-    for (size_t i = 0; i < kHostInterfaceCount; ++i) {
-        if (*kHostInterfaces[i].iid == iid)
-            return CreateDescribedTypeInfo(&kHostInterfaces[i], typeInfo);
-    }
-    return TYPE_E_ELEMENTNOTFOUND;
-}
-
-#endif
 
 }  // namespace sim::detail

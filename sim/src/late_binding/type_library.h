@@ -8,10 +8,11 @@
 namespace sim::detail {
 
 // The type information of one interface of the host's library (for a dual interface, its
-// dispatch description, as GetTypeInfoOfGuid gives it), with a reference for the caller. On
-// Windows the library is the resource of the simulator's DLL, loaded through the platform on first
-// demand and kept for the life of the process; elsewhere the portable runtime serves the same
-// description, compiled in. Fails with the runtime's status when there is none.
+// dispatch description, as GetTypeInfoOfGuid gives it), with a reference for the caller. The
+// library is loaded on first demand and kept for the life of the process: on Windows from the
+// simulator's DLL, whose resource holds it, elsewhere from ZorbHost.tlb in the folder of the
+// simulator's library. Fails with the loader's status when it cannot be loaded
+// (TYPE_E_CANTLOADLIBRARY for a missing file).
 HRESULT hostTypeInfo(const IID& iid, ITypeInfo** typeInfo);
 
 #ifdef _WIN32
