@@ -31,13 +31,18 @@ class ProbedLayout final : public automation::ComObject<ProbedLayout, LayoutInte
 public:
     void* interfaceFor(REFIID iid)
     {
-        return iid == IID_IUnknown || iid == IID_IDispatch || iid == kHostLayout ? static_cast<LayoutInterface*>(this)
-                                                                                 : nullptr;
+        return iid == IID_IUnknown || iid == IID_IDispatch || iid == kHostLayout
+                   ? static_cast<LayoutInterface*>(this)
+                   : nullptr;
     }
     HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) override
+    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override
+    {
+        return E_NOTIMPL;
+    }
+    HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*,
+                                     UINT*) override
     {
         return E_NOTIMPL;
     }
@@ -91,8 +96,8 @@ ITypeInfoPtr interfaceFace()
 
 // One Invoke of `typeInfo` on a fresh layout: what it returned, gave and left in EXCEPINFO, and
 // what the layout was called with.
-std::string invoked(ITypeInfo* typeInfo, DISPID member, WORD flags, std::initializer_list<_variant_t> positional,
-                    bool put = false)
+std::string invoked(ITypeInfo* typeInfo, DISPID member, WORD flags,
+                    std::initializer_list<_variant_t> positional, bool put = false)
 {
     if (typeInfo == nullptr)
         return "no type information";
@@ -125,9 +130,18 @@ std::string invoked(ITypeInfo* typeInfo, DISPID member, WORD flags, std::initial
 const WORD kGet = DISPATCH_PROPERTYGET;
 const WORD kMethod = DISPATCH_METHOD;
 
-PROBE_CASE(invoke, interface_face_property_get) { return invoked(interfaceFace(), 1, kGet, {}); }
-PROBE_CASE(invoke, dispatch_face_property_get) { return invoked(dispatchFace(), 1, kGet, {}); }
-PROBE_CASE(invoke, interface_face_enumeration_get) { return invoked(interfaceFace(), 3, kGet, {}); }
+PROBE_CASE(invoke, interface_face_property_get)
+{
+    return invoked(interfaceFace(), 1, kGet, {});
+}
+PROBE_CASE(invoke, dispatch_face_property_get)
+{
+    return invoked(dispatchFace(), 1, kGet, {});
+}
+PROBE_CASE(invoke, interface_face_enumeration_get)
+{
+    return invoked(interfaceFace(), 3, kGet, {});
+}
 PROBE_CASE(invoke, interface_face_enumeration_put_coerced)
 {
     return invoked(interfaceFace(), 3, DISPATCH_PROPERTYPUT, {_variant_t(L"-2")}, true);
@@ -140,18 +154,30 @@ PROBE_CASE(invoke, interface_face_member_failure)
 {
     return invoked(interfaceFace(), 2, kMethod, {_variant_t(L"corner"), _variant_t()});
 }
-PROBE_CASE(invoke, interface_face_too_few_arguments) { return invoked(interfaceFace(), 2, kMethod, {_variant_t(1L)}); }
-PROBE_CASE(invoke, interface_face_inherited_member) { return invoked(interfaceFace(), 0x60010000, kMethod, {}); }
-PROBE_CASE(invoke, interface_face_unknown_member) { return invoked(interfaceFace(), 42, kMethod, {}); }
-PROBE_CASE(invoke, interface_face_put_not_named) { return invoked(interfaceFace(), 3, DISPATCH_PROPERTYPUT, {_variant_t(1L)}); }
+PROBE_CASE(invoke, interface_face_too_few_arguments)
+{
+    return invoked(interfaceFace(), 2, kMethod, {_variant_t(1L)});
+}
+PROBE_CASE(invoke, interface_face_inherited_member)
+{
+    return invoked(interfaceFace(), 0x60010000, kMethod, {});
+}
+PROBE_CASE(invoke, interface_face_unknown_member)
+{
+    return invoked(interfaceFace(), 42, kMethod, {});
+}
+PROBE_CASE(invoke, interface_face_put_not_named)
+{
+    return invoked(interfaceFace(), 3, DISPATCH_PROPERTYPUT, {_variant_t(1L)});
+}
 PROBE_CASE(invoke, dispinvoke_on_interface_face)
 {
     ProbedLayout* layout = new ProbedLayout;
     DISPPARAMS none = {nullptr, nullptr, 0, 0};
     VARIANT result;
     VariantInit(&result);
-    const HRESULT status =
-        DispInvoke(static_cast<LayoutInterface*>(layout), interfaceFace(), 1, kGet, &none, &result, nullptr, nullptr);
+    const HRESULT status = DispInvoke(static_cast<LayoutInterface*>(layout), interfaceFace(), 1, kGet, &none,
+                                      &result, nullptr, nullptr);
     const std::string written = probe::status(status) + " " + probe::value(result);
     VariantClear(&result);
     layout->Release();
@@ -164,9 +190,11 @@ PROBE_CASE(std_dispatch, over_a_layout)
     ProbedLayout* layout = new ProbedLayout;
     const ITypeInfoPtr face = dispatchFace();
     IUnknown* made = nullptr;
-    std::string written = probe::status(CreateStdDispatch(nullptr, static_cast<LayoutInterface*>(layout), face, &made));
+    std::string written =
+        probe::status(CreateStdDispatch(nullptr, static_cast<LayoutInterface*>(layout), face, &made));
     IDispatchPtr dispatch;
-    written += " query " + probe::status(made->QueryInterface(IID_IDispatch, reinterpret_cast<void**>(&dispatch)));
+    written +=
+        " query " + probe::status(made->QueryInterface(IID_IDispatch, reinterpret_cast<void**>(&dispatch)));
     made->Release();
     UINT count = 9;
     written += " count " + probe::status(dispatch->GetTypeInfoCount(&count));
@@ -183,7 +211,8 @@ PROBE_CASE(std_dispatch, over_a_layout)
     written += " " + std::to_string(id);
     DISPPARAMS none = {nullptr, nullptr, 0, 0};
     _variant_t result;
-    written += " get " + probe::status(dispatch->Invoke(id, IID_NULL, 0, kGet, &none, &result, nullptr, nullptr));
+    written +=
+        " get " + probe::status(dispatch->Invoke(id, IID_NULL, 0, kGet, &none, &result, nullptr, nullptr));
     written += " " + probe::value(result);
     written += " reserved iid " +
                probe::status(dispatch->Invoke(id, IID_IDispatch, 0, kGet, &none, &result, nullptr, nullptr));
@@ -202,9 +231,10 @@ PROBE_CASE(std_dispatch, without_an_instance)
 // A vtable of the probe's own: a member that takes an argument of every type and members that
 // return one type each.
 struct CallTarget {
-    virtual HRESULT STDMETHODCALLTYPE takeAll(SHORT i2, INT i4, FLOAT r4, DOUBLE r8, CY cy, DATE date, BSTR text,
-                                              VARIANT_BOOL flag, SCODE error, IUnknown* unknown, IDispatch* object,
-                                              VARIANT value, UINT ui4, LONGLONG i8, INT integer, INT* out) = 0;
+    virtual HRESULT STDMETHODCALLTYPE takeAll(SHORT i2, INT i4, FLOAT r4, DOUBLE r8, CY cy, DATE date,
+                                              BSTR text, VARIANT_BOOL flag, SCODE error, IUnknown* unknown,
+                                              IDispatch* object, VARIANT value, UINT ui4, LONGLONG i8,
+                                              INT integer, INT* out) = 0;
     virtual FLOAT STDMETHODCALLTYPE giveSingle() = 0;
     virtual DOUBLE STDMETHODCALLTYPE giveDate() = 0;
     virtual LONGLONG STDMETHODCALLTYPE giveEight() = 0;
@@ -312,30 +342,71 @@ PROBE_CASE(call, every_argument_type)
     V_INT(&values[14]) = -9;
     V_VT(&values[15]) = VT_BYREF | VT_I4;
     V_BYREF(&values[15]) = &out;
-    VARTYPE types[] = {VT_I2,    VT_I4,    VT_R4,   VT_R8,      VT_CY,      VT_DATE, VT_BSTR, VT_BOOL,
-                       VT_ERROR, VT_UNKNOWN, VT_DISPATCH, VT_VARIANT, VT_UI4, VT_I8,   VT_INT,  VT_BYREF | VT_I4};
+    VARTYPE types[] = {VT_I2,   VT_I4,   VT_R4,    VT_R8,           VT_CY,       VT_DATE,
+                       VT_BSTR, VT_BOOL, VT_ERROR, VT_UNKNOWN,      VT_DISPATCH, VT_VARIANT,
+                       VT_UI4,  VT_I8,   VT_INT,   VT_BYREF | VT_I4};
     VARIANTARG* arguments[16];
     for (int i = 0; i < 16; ++i)
         arguments[i] = &values[i];
     VARIANT result;
     VariantInit(&result);
     const HRESULT status = DispCallFunc(&target, 0, CC_STDCALL, VT_ERROR, 16, types, arguments, &result);
-    return probe::status(status) + " " + probe::value(result) + " " + received + " out " + std::to_string(out);
+    return probe::status(status) + " " + probe::value(result) + " " + received + " out " +
+           std::to_string(out);
 }
 
-PROBE_CASE(call, gives_single) { return called(1, VT_R4); }
-PROBE_CASE(call, gives_date) { return called(2, VT_DATE); }
-PROBE_CASE(call, gives_eight_bytes) { return called(3, VT_I8); }
-PROBE_CASE(call, gives_bool) { return called(4, VT_BOOL); }
-PROBE_CASE(call, gives_text) { return called(5, VT_BSTR); }
-PROBE_CASE(call, gives_currency) { return called(6, VT_CY); }
-PROBE_CASE(call, gives_negative_number) { return called(7, VT_I4); }
-PROBE_CASE(call, gives_failure_status) { return called(8, VT_ERROR); }
-PROBE_CASE(call, gives_nothing) { return called(8, VT_EMPTY); }
-PROBE_CASE(call, refuses_a_status_result) { return called(8, VT_HRESULT); }
-PROBE_CASE(call, refuses_pascal) { return called(8, VT_ERROR, CC_PASCAL); }
-PROBE_CASE(call, refuses_fastcall) { return called(8, VT_ERROR, CC_FASTCALL); }
-PROBE_CASE(call, cdecl_taken) { return called(8, VT_ERROR, CC_CDECL); }
+PROBE_CASE(call, gives_single)
+{
+    return called(1, VT_R4);
+}
+PROBE_CASE(call, gives_date)
+{
+    return called(2, VT_DATE);
+}
+PROBE_CASE(call, gives_eight_bytes)
+{
+    return called(3, VT_I8);
+}
+PROBE_CASE(call, gives_bool)
+{
+    return called(4, VT_BOOL);
+}
+PROBE_CASE(call, gives_text)
+{
+    return called(5, VT_BSTR);
+}
+PROBE_CASE(call, gives_currency)
+{
+    return called(6, VT_CY);
+}
+PROBE_CASE(call, gives_negative_number)
+{
+    return called(7, VT_I4);
+}
+PROBE_CASE(call, gives_failure_status)
+{
+    return called(8, VT_ERROR);
+}
+PROBE_CASE(call, gives_nothing)
+{
+    return called(8, VT_EMPTY);
+}
+PROBE_CASE(call, refuses_a_status_result)
+{
+    return called(8, VT_HRESULT);
+}
+PROBE_CASE(call, refuses_pascal)
+{
+    return called(8, VT_ERROR, CC_PASCAL);
+}
+PROBE_CASE(call, refuses_fastcall)
+{
+    return called(8, VT_ERROR, CC_FASTCALL);
+}
+PROBE_CASE(call, cdecl_taken)
+{
+    return called(8, VT_ERROR, CC_CDECL);
+}
 
 PROBE_CASE(call, function_without_instance)
 {
@@ -345,8 +416,8 @@ PROBE_CASE(call, function_without_instance)
     VARIANTARG* arguments[] = {&by, &value};
     VARIANT result;
     VariantInit(&result);
-    const HRESULT status = DispCallFunc(nullptr, reinterpret_cast<ULONG_PTR>(&scaledVariant), CC_STDCALL, VT_VARIANT,
-                                        2, types, arguments, &result);
+    const HRESULT status = DispCallFunc(nullptr, reinterpret_cast<ULONG_PTR>(&scaledVariant), CC_STDCALL,
+                                        VT_VARIANT, 2, types, arguments, &result);
     return probe::status(status) + " " + probe::value(result);
 }
 

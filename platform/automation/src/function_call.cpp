@@ -16,8 +16,8 @@ static_assert(sizeof(VARIANT) == 16 && alignof(VARIANT) == 8, "a VARIANT is two 
 // union holds pointers, so its word goes in an integer register even when it holds a double).
 ffi_type* variantStructure()
 {
-    static ffi_type* fields[] = {&ffi_type_uint16, &ffi_type_uint16, &ffi_type_uint16, &ffi_type_uint16,
-                                 &ffi_type_uint64, nullptr};
+    static ffi_type* fields[] = {&ffi_type_uint16, &ffi_type_uint16, &ffi_type_uint16,
+                                 &ffi_type_uint16, &ffi_type_uint64, nullptr};
     // Size and alignment given, so that libffi never fills them in (shared between threads).
     static ffi_type structure = {sizeof(VARIANT), alignof(VARIANT), FFI_TYPE_STRUCT, fields};
     return &structure;
@@ -245,12 +245,13 @@ void storeResult(VARTYPE type, const ReturnedValue& returned, VARIANT& result)
 
 }  // namespace
 
-HRESULT DispCallFunc(void* instance, ULONG_PTR vtableOffset, CALLCONV convention, VARTYPE resultType, UINT count,
-                     VARTYPE* types, VARIANTARG** arguments, VARIANT* result)
+HRESULT DispCallFunc(void* instance, ULONG_PTR vtableOffset, CALLCONV convention, VARTYPE resultType,
+                     UINT count, VARTYPE* types, VARIANTARG** arguments, VARIANT* result)
 {
     if (convention != CC_STDCALL && convention != CC_CDECL)
         return E_INVALIDARG;
-    if (resultType == VT_HRESULT || result == nullptr || (count > 0 && (types == nullptr || arguments == nullptr)))
+    if (resultType == VT_HRESULT || result == nullptr ||
+        (count > 0 && (types == nullptr || arguments == nullptr)))
         return E_INVALIDARG;
     void* function = reinterpret_cast<void*>(vtableOffset);
     if (instance != nullptr)

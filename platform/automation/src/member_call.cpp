@@ -16,8 +16,8 @@ bool isResult(const ParameterModel& parameter)
 // default member of the object it gives, when its caller takes that result.
 bool passesArgumentsOn(const FunctionModel& function, bool resultGiven)
 {
-    return resultGiven && (function.invokeKind & INVOKE_PROPERTYGET) != 0 && function.parameters.size() == 1 &&
-           isResult(function.parameters[0]);
+    return resultGiven && (function.invokeKind & INVOKE_PROPERTYGET) != 0 &&
+           function.parameters.size() == 1 && isResult(function.parameters[0]);
 }
 
 bool isMissing(const VARIANT& argument)
@@ -29,7 +29,8 @@ bool isMissing(const VARIANT& argument)
 // made, and the room the [out, retval] parameter writes into.
 class CallArguments {
 public:
-    explicit CallArguments(size_t count) : m_values(count), m_owned(count, false), m_types(count), m_passed(count)
+    explicit CallArguments(size_t count)
+        : m_values(count), m_owned(count, false), m_types(count), m_passed(count)
     {
         for (VARIANT& value : m_values)
             VariantInit(&value);
@@ -143,8 +144,8 @@ bool isServed(const FunctionModel& function, const std::vector<VARTYPE>& types)
 }
 
 // Fills `arguments` for `function` from the caller's, or says why the call cannot be made.
-HRESULT bindArguments(const FunctionModel& function, const std::vector<VARTYPE>& types, DISPPARAMS& parameters,
-                      bool resultGiven, CallArguments& arguments)
+HRESULT bindArguments(const FunctionModel& function, const std::vector<VARTYPE>& types,
+                      DISPPARAMS& parameters, bool resultGiven, CallArguments& arguments)
 {
     const UINT slots = static_cast<UINT>(types.size());
     ArgumentSource source(parameters, slots);
@@ -208,8 +209,8 @@ HRESULT passOnToDefaultMember(WORD flags, DISPPARAMS& parameters, VARIANT* resul
     }
     const IDispatchPtr object(V_DISPATCH(result), false);
     VariantInit(result);
-    return object->Invoke(DISPID_VALUE, IID_NULL, LOCALE_SYSTEM_DEFAULT, flags, &parameters, result, exception,
-                          argumentError);
+    return object->Invoke(DISPID_VALUE, IID_NULL, LOCALE_SYSTEM_DEFAULT, flags, &parameters, result,
+                          exception, argumentError);
 }
 
 // The variant type the function returns as DispCallFunc gives it: a status as VT_ERROR.
@@ -252,8 +253,8 @@ HRESULT invokeFunction(ITypeInfo* context, const FunctionModel& function, WORD p
     const ULONG_PTR slot = static_cast<ULONG_PTR>(function.vtableOffset) / pointerSize;
     VARIANT returned;
     VariantInit(&returned);
-    status = DispCallFunc(instance, slot * sizeof(void*), function.callingConvention, returnType, arguments.count(),
-                          arguments.types(), arguments.passed(), &returned);
+    status = DispCallFunc(instance, slot * sizeof(void*), function.callingConvention, returnType,
+                          arguments.count(), arguments.types(), arguments.passed(), &returned);
     if (FAILED(status))
         return status;
     if (arguments.hasResult()) {
@@ -266,10 +267,12 @@ HRESULT invokeFunction(ITypeInfo* context, const FunctionModel& function, WORD p
     if (returnType == VT_ERROR) {
         if (FAILED(V_ERROR(&returned)))
             return reportException(V_ERROR(&returned), exception);
-    } else if (result != nullptr) {
+    }
+    else if (result != nullptr) {
         VariantClear(result);
         *result = returned;
-    } else {
+    }
+    else {
         VariantClear(&returned);
     }
     if (parameters.cArgs != 0 && passesArgumentsOn(function, result != nullptr))

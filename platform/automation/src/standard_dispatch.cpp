@@ -44,7 +44,8 @@ public:
     {
         if (reserved != IID_NULL)
             return E_INVALIDARG;
-        return DispInvoke(m_instance, m_typeInfo, member, flags, parameters, result, exception, argumentError);
+        return DispInvoke(m_instance, m_typeInfo, member, flags, parameters, result, exception,
+                          argumentError);
     }
 
 private:
