@@ -5,7 +5,6 @@
 
 #include "automation/com_object.h"
 
-#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -94,95 +93,59 @@ ITypeInfoPtr interfaceFace()
     return face;
 }
 
-// One Invoke of `typeInfo` on a fresh layout: what it returned, gave and left in EXCEPINFO, and
-// what the layout was called with.
-std::string invoked(ITypeInfo* typeInfo, DISPID member, WORD flags,
-                    std::initializer_list<_variant_t> positional, bool put = false)
+// One Invoke of a HostLayout member on a fresh layout, through the interface face unless said.
+struct InvokeCase {
+    const char* name;
+    DISPID member;
+    WORD flags;
+    std::vector<_variant_t> positional;  // in the caller's order; a put's value named as clients name it
+    bool onDispatchFace = false;
+};
+
+// What the Invoke returned, gave and left in EXCEPINFO, and what the layout was called with.
+std::string invoked(const InvokeCase& call)
 {
-    if (typeInfo == nullptr)
-        return "no type information";
+    const ITypeInfoPtr typeInfo = call.onDispatchFace ? dispatchFace() : interfaceFace();
     received = "not called";
-    std::vector<VARIANT> arguments(positional.size());
-    size_t at = positional.size();
-    for (const _variant_t& argument : positional)
-        arguments[--at] = argument;
+    std::vector<VARIANT> arguments(call.positional.rbegin(), call.positional.rend());
     DISPID named = DISPID_PROPERTYPUT;
+    const bool put = call.flags == DISPATCH_PROPERTYPUT;
     DISPPARAMS parameters = {arguments.data(), put ? &named : nullptr, static_cast<UINT>(arguments.size()),
                              put ? 1u : 0u};
-    ProbedLayout* layout = new ProbedLayout;
-    VARIANT result;
-    VariantInit(&result);
+    const IUnknownPtr layout(static_cast<LayoutInterface*>(new ProbedLayout), false);
+    _variant_t result;
     EXCEPINFO exception{};
     UINT argumentError = 99;
-    const HRESULT status = typeInfo->Invoke(static_cast<LayoutInterface*>(layout), member, flags, &parameters,
-                                            &result, &exception, &argumentError);
+    const HRESULT status =
+        typeInfo->Invoke(static_cast<LayoutInterface*>(layout.GetInterfacePtr()), call.member, call.flags,
+                         &parameters, &result, &exception, &argumentError);
     std::string written = probe::status(status) + " result " + probe::value(result) + " " + received;
     if (status == DISP_E_EXCEPTION)
         written += " scode " + probe::status(exception.scode) + " " + probe::text(exception.bstrDescription);
     SysFreeString(exception.bstrDescription);
     SysFreeString(exception.bstrSource);
     SysFreeString(exception.bstrHelpFile);
-    VariantClear(&result);
-    layout->Release();
     return written;
 }
 
-const WORD kGet = DISPATCH_PROPERTYGET;
-const WORD kMethod = DISPATCH_METHOD;
-
-PROBE_CASE(invoke, interface_face_property_get)
-{
-    return invoked(interfaceFace(), 1, kGet, {});
-}
-PROBE_CASE(invoke, dispatch_face_property_get)
-{
-    return invoked(dispatchFace(), 1, kGet, {});
-}
-PROBE_CASE(invoke, interface_face_enumeration_get)
-{
-    return invoked(interfaceFace(), 3, kGet, {});
-}
-PROBE_CASE(invoke, interface_face_enumeration_put_coerced)
-{
-    return invoked(interfaceFace(), 3, DISPATCH_PROPERTYPUT, {_variant_t(L"-2")}, true);
-}
-PROBE_CASE(invoke, interface_face_variants_by_value)
-{
-    return invoked(interfaceFace(), 2, kMethod, {_variant_t(1.5), _variant_t(short(-3))});
-}
-PROBE_CASE(invoke, interface_face_member_failure)
-{
-    return invoked(interfaceFace(), 2, kMethod, {_variant_t(L"corner"), _variant_t()});
-}
-PROBE_CASE(invoke, interface_face_too_few_arguments)
-{
-    return invoked(interfaceFace(), 2, kMethod, {_variant_t(1L)});
-}
-PROBE_CASE(invoke, interface_face_inherited_member)
-{
-    return invoked(interfaceFace(), 0x60010000, kMethod, {});
-}
-PROBE_CASE(invoke, interface_face_unknown_member)
-{
-    return invoked(interfaceFace(), 42, kMethod, {});
-}
-PROBE_CASE(invoke, interface_face_put_not_named)
-{
-    return invoked(interfaceFace(), 3, DISPATCH_PROPERTYPUT, {_variant_t(1L)});
-}
-PROBE_CASE(invoke, dispinvoke_on_interface_face)
-{
-    ProbedLayout* layout = new ProbedLayout;
-    DISPPARAMS none = {nullptr, nullptr, 0, 0};
-    VARIANT result;
-    VariantInit(&result);
-    const HRESULT status = DispInvoke(static_cast<LayoutInterface*>(layout), interfaceFace(), 1, kGet, &none,
-                                      &result, nullptr, nullptr);
-    const std::string written = probe::status(status) + " " + probe::value(result);
-    VariantClear(&result);
-    layout->Release();
-    return written;
-}
+const bool kInvokeCases = [] {
+    const WORD get = DISPATCH_PROPERTYGET;
+    const WORD method = DISPATCH_METHOD;
+    const InvokeCase cases[] = {
+        {"interface_face_property_get", 1, get, {}},
+        {"dispatch_face_property_get", 1, get, {}, true},
+        {"interface_face_enumeration_get", 3, get, {}},
+        {"interface_face_enumeration_put_coerced", 3, DISPATCH_PROPERTYPUT, {_variant_t(L"-2")}},
+        {"interface_face_variants_by_value", 2, method, {_variant_t(1.5), _variant_t(short(-3))}},
+        {"interface_face_member_failure", 2, method, {_variant_t(L"corner"), _variant_t()}},
+        {"interface_face_too_few_arguments", 2, method, {_variant_t(1L)}},
+        {"interface_face_inherited_member", 0x60010000, method, {}},
+        {"interface_face_unknown_member", 42, method, {}},
+    };
+    for (const InvokeCase& call : cases)
+        probe::add("invoke", call.name, [call] { return invoked(call); });
+    return true;
+}();
 
 // CreateStdDispatch over a layout: the IDispatch it makes, asked as a client asks.
 PROBE_CASE(std_dispatch, over_a_layout)
@@ -211,11 +174,11 @@ PROBE_CASE(std_dispatch, over_a_layout)
     written += " " + std::to_string(id);
     DISPPARAMS none = {nullptr, nullptr, 0, 0};
     _variant_t result;
-    written +=
-        " get " + probe::status(dispatch->Invoke(id, IID_NULL, 0, kGet, &none, &result, nullptr, nullptr));
+    written += " get " + probe::status(dispatch->Invoke(id, IID_NULL, 0, DISPATCH_PROPERTYGET, &none, &result,
+                                                        nullptr, nullptr));
     written += " " + probe::value(result);
-    written += " reserved iid " +
-               probe::status(dispatch->Invoke(id, IID_IDispatch, 0, kGet, &none, &result, nullptr, nullptr));
+    written += " reserved iid " + probe::status(dispatch->Invoke(id, IID_IDispatch, 0, DISPATCH_PROPERTYGET,
+                                                                 &none, &result, nullptr, nullptr));
     dispatch = nullptr;
     layout->Release();
     return written;
@@ -230,31 +193,15 @@ PROBE_CASE(std_dispatch, without_an_instance)
 
 // A vtable of the probe's own: a member that takes an argument of every type and members that
 // return one type each.
-struct CallTarget {
-    virtual HRESULT STDMETHODCALLTYPE takeAll(SHORT i2, INT i4, FLOAT r4, DOUBLE r8, CY cy, DATE date,
-                                              BSTR text, VARIANT_BOOL flag, SCODE error, IUnknown* unknown,
-                                              IDispatch* object, VARIANT value, UINT ui4, LONGLONG i8,
-                                              INT integer, INT* out) = 0;
-    virtual FLOAT STDMETHODCALLTYPE giveSingle() = 0;
-    virtual DOUBLE STDMETHODCALLTYPE giveDate() = 0;
-    virtual LONGLONG STDMETHODCALLTYPE giveEight() = 0;
-    virtual VARIANT_BOOL STDMETHODCALLTYPE giveBool() = 0;
-    virtual BSTR STDMETHODCALLTYPE giveText() = 0;
-    virtual CY STDMETHODCALLTYPE giveCurrency() = 0;
-    virtual INT STDMETHODCALLTYPE giveNegative() = 0;
-    virtual HRESULT STDMETHODCALLTYPE fail() = 0;
-};
-
-class ProbedTarget final : public CallTarget {
+class ProbedTarget {
 public:
     explicit ProbedTarget(IUnknown* expected) : m_expected(expected) {}
 
-    HRESULT STDMETHODCALLTYPE takeAll(SHORT i2, INT i4, FLOAT r4, DOUBLE r8, CY cy, DATE date, BSTR text,
-                                      VARIANT_BOOL flag, SCODE error, IUnknown* unknown, IDispatch* object,
-                                      VARIANT value, UINT ui4, LONGLONG i8, INT integer, INT* out) override
+    virtual HRESULT STDMETHODCALLTYPE takeAll(SHORT i2, INT i4, FLOAT r4, DOUBLE r8, CY cy, DATE date,
+                                              BSTR text, VARIANT_BOOL flag, SCODE error, IUnknown* unknown,
+                                              IDispatch* object, VARIANT value, UINT ui4, LONGLONG i8,
+                                              INT integer, INT* out)
     {
-        VARIANT number;
-        V_VT(&number) = VT_R8;
         received = "i2 " + std::to_string(i2) + " i4 " + std::to_string(i4) + " r4 " +
                    std::to_string(static_cast<double>(r4)) + " r8 " + std::to_string(r8) + " cy " +
                    std::to_string(cy.int64) + " date " + std::to_string(date) + " text " + probe::text(text) +
@@ -265,19 +212,19 @@ public:
         *out = 42;
         return static_cast<HRESULT>(0x00040123L);
     }
-    FLOAT STDMETHODCALLTYPE giveSingle() override { return -2.5f; }
-    DOUBLE STDMETHODCALLTYPE giveDate() override { return 36526.25; }
-    LONGLONG STDMETHODCALLTYPE giveEight() override { return -0x123456789LL; }
-    VARIANT_BOOL STDMETHODCALLTYPE giveBool() override { return VARIANT_TRUE; }
-    BSTR STDMETHODCALLTYPE giveText() override { return SysAllocString(L"given"); }
-    CY STDMETHODCALLTYPE giveCurrency() override
+    virtual FLOAT STDMETHODCALLTYPE giveSingle() { return -2.5f; }
+    virtual DOUBLE STDMETHODCALLTYPE giveDate() { return 36526.25; }
+    virtual LONGLONG STDMETHODCALLTYPE giveEight() { return -0x123456789LL; }
+    virtual VARIANT_BOOL STDMETHODCALLTYPE giveBool() { return VARIANT_TRUE; }
+    virtual BSTR STDMETHODCALLTYPE giveText() { return SysAllocString(L"given"); }
+    virtual CY STDMETHODCALLTYPE giveCurrency()
     {
         CY amount;
         amount.int64 = -125000;
         return amount;
     }
-    INT STDMETHODCALLTYPE giveNegative() override { return -5; }
-    HRESULT STDMETHODCALLTYPE fail() override { return E_FAIL; }
+    virtual INT STDMETHODCALLTYPE giveNegative() { return -5; }
+    virtual HRESULT STDMETHODCALLTYPE fail() { return E_FAIL; }
 
 private:
     IUnknown* m_expected;
@@ -293,8 +240,8 @@ VARIANT STDMETHODCALLTYPE scaledVariant(INT by, VARIANT value)
     return scaled;
 }
 
-// Calls vtable slot `slot` of a fresh target with `types` and `arguments`, giving `returned`.
-std::string called(UINT slot, VARTYPE returned, CALLCONV convention = CC_STDCALL)
+// Calls vtable slot `slot` of a fresh target without arguments, as returning `returned`.
+std::string called(UINT slot, VARTYPE returned, CALLCONV convention)
 {
     received = "not called";
     ProbedTarget target(nullptr);
@@ -355,58 +302,33 @@ PROBE_CASE(call, every_argument_type)
            std::to_string(out);
 }
 
-PROBE_CASE(call, gives_single)
-{
-    return called(1, VT_R4);
-}
-PROBE_CASE(call, gives_date)
-{
-    return called(2, VT_DATE);
-}
-PROBE_CASE(call, gives_eight_bytes)
-{
-    return called(3, VT_I8);
-}
-PROBE_CASE(call, gives_bool)
-{
-    return called(4, VT_BOOL);
-}
-PROBE_CASE(call, gives_text)
-{
-    return called(5, VT_BSTR);
-}
-PROBE_CASE(call, gives_currency)
-{
-    return called(6, VT_CY);
-}
-PROBE_CASE(call, gives_negative_number)
-{
-    return called(7, VT_I4);
-}
-PROBE_CASE(call, gives_failure_status)
-{
-    return called(8, VT_ERROR);
-}
-PROBE_CASE(call, gives_nothing)
-{
-    return called(8, VT_EMPTY);
-}
-PROBE_CASE(call, refuses_a_status_result)
-{
-    return called(8, VT_HRESULT);
-}
-PROBE_CASE(call, refuses_pascal)
-{
-    return called(8, VT_ERROR, CC_PASCAL);
-}
-PROBE_CASE(call, refuses_fastcall)
-{
-    return called(8, VT_ERROR, CC_FASTCALL);
-}
-PROBE_CASE(call, cdecl_taken)
-{
-    return called(8, VT_ERROR, CC_CDECL);
-}
+// Each result type from a member of its own, and the calling conventions refused.
+const bool kResultCases = [] {
+    struct ResultCase {
+        const char* name;
+        UINT slot;
+        VARTYPE returned;
+        CALLCONV convention;
+    };
+    const ResultCase cases[] = {
+        {"gives_single", 1, VT_R4, CC_STDCALL},
+        {"gives_date", 2, VT_DATE, CC_STDCALL},
+        {"gives_eight_bytes", 3, VT_I8, CC_STDCALL},
+        {"gives_bool", 4, VT_BOOL, CC_STDCALL},
+        {"gives_text", 5, VT_BSTR, CC_STDCALL},
+        {"gives_currency", 6, VT_CY, CC_STDCALL},
+        {"gives_negative_number", 7, VT_I4, CC_STDCALL},
+        {"gives_failure_status", 8, VT_ERROR, CC_STDCALL},
+        {"gives_nothing", 8, VT_EMPTY, CC_STDCALL},
+        {"refuses_a_status_result", 8, VT_HRESULT, CC_STDCALL},
+        {"refuses_pascal", 8, VT_ERROR, CC_PASCAL},
+        {"refuses_fastcall", 8, VT_ERROR, CC_FASTCALL},
+        {"cdecl_taken", 8, VT_ERROR, CC_CDECL},
+    };
+    for (const ResultCase& call : cases)
+        probe::add("call", call.name, [call] { return called(call.slot, call.returned, call.convention); });
+    return true;
+}();
 
 PROBE_CASE(call, function_without_instance)
 {
