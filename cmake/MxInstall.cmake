@@ -12,7 +12,8 @@ install(TARGETS QRNExternalUtilities QRNRoots sim automation framework host impo
   ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
 install(TARGETS zorbsim RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 # The host's and the simulator's type libraries and their IDL, for clients that bind to them by
-# name (the windows build's sim.dll also carries both as its resources).
+# name. They lie beside libsim.so, which serves late-bound calls from them (the windows build's
+# sim.dll carries both as its resources).
 install(FILES ${MX_HOST_TYPE_LIBRARY} ${MX_SIM_TYPE_LIBRARY} DESTINATION ${CMAKE_INSTALL_LIBDIR})
 install(FILES ${PROJECT_SOURCE_DIR}/host/idl/ZorbHost.idl DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/host)
 install(FILES ${PROJECT_SOURCE_DIR}/sim/idl/ZorbSimulator.idl DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/sim)

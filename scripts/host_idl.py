@@ -6,10 +6,6 @@ declare them.
                                          interfaces and the C++ interfaces the headers declare
   host_idl.py self-test IDL HEADER...    seeds each kind of drift into the headers' text and fails
                                          unless check finds every one
-  host_idl.py describe IDL OUT.cpp HEADER...
-                                         writes the description the portable runtime dispatches
-                                         late-bound calls from (builds without a type library
-                                         loader)
 
 The IDL is written in one style (one attribute list per member, HRESULT results, [out, retval]
 last), which is all this reader takes; anything else is reported rather than guessed at.
@@ -302,84 +298,6 @@ def self_test(idl, headers):
     return failures
 
 
-def describe(idl, output):
-    interfaces = read_idl(idl)
-    names = {i.name for i in interfaces}
-    out = ["// Written by scripts/host_idl.py from the host's IDL; do not edit.",
-           '#include "late_binding/host_description.h"', "", "namespace sim::detail {", "namespace {", ""]
-    tables = []
-    for interface in interfaces:
-        rows = []
-        for member in interface.members:
-            function = f"call_{interface.name}_{member.cpp_name}"
-            arguments = []
-            for i, p in enumerate(member.parameters):
-                reader = TYPES[p.idl_type][2] if p.idl_type in TYPES else None
-                argument = f"arguments[{i}]" if reader is None else f"{reader}(&arguments[{i}])"
-                if TYPES.get(p.idl_type, (None, None))[1] == "VT_USERDEFINED":
-                    argument = f"static_cast<{p.idl_type}>({argument})"
-                arguments.append(argument)
-            body = []
-            if member.result is not None:
-                result_cpp = cpp_type(member.result, names)
-                body.append(f"    {result_cpp} given{{}};")
-                arguments.append("&given")
-            used = "arguments" if member.parameters else "/*arguments*/"
-            used_result = "result" if member.result is not None else "/*result*/"
-            body.append(f"    const HRESULT status = static_cast<{interface.name}*>(instance)->"
-                        f"{member.cpp_name}({', '.join(arguments)});")
-            if member.result is not None:
-                if member.result.rstrip("*") in names:
-                    store = "V_VT(result) = VT_DISPATCH;\n        V_DISPATCH(result) = given;"
-                elif member.result == "VARIANT":
-                    store = "*result = given;"
-                else:
-                    vt, reader = TYPES[member.result][1], TYPES[member.result][2]
-                    vt = "VT_I4" if vt == "VT_USERDEFINED" else vt
-                    store = f"V_VT(result) = {vt};\n        {reader}(result) = given;"
-                body.append(f"    if (SUCCEEDED(status)) {{\n        {store}\n    }}")
-            body.append("    return status;")
-            out.append(f"HRESULT {function}(void* instance, VARIANT* {used}, VARIANT* {used_result})\n{{")
-            out.extend(body)
-            out.append("}\n")
-            parameters = "nullptr"
-            if member.parameters:
-                parameters = f"parameters_{interface.name}_{member.cpp_name}"
-                rows_p = ", ".join(
-                    f'{{L"{p.name}", {TYPES[p.idl_type][1]}, PARAMFLAG_FIN{" | PARAMFLAG_FOPT" if p.optional else ""}}}'
-                    for p in member.parameters)
-                out.append(f"const DescribedParameter {parameters}[] = {{{rows_p}}};\n")
-            if member.result is None:
-                result_vt = "VT_EMPTY"
-            elif member.result.rstrip("*") in names:
-                result_vt = "VT_DISPATCH"
-            else:
-                result_vt = TYPES[member.result][1]
-            kind = {"method": "INVOKE_FUNC", "propget": "INVOKE_PROPERTYGET", "propput": "INVOKE_PROPERTYPUT"}
-            flags = " | ".join(FUNCTION_FLAGS[f] for f in member.flags) or "0"
-            result_name = f'L"{member.result_name}"' if member.result_name else "nullptr"
-            rows.append(f'    {{L"{member.name}", {member.dispid}, {kind[member.kind]}, {parameters}, '
-                        f"{len(member.parameters)}, {result_vt}, {function}, {flags}, {result_name}}},")
-        out.append(f"const DescribedMember members_{interface.name}[] = {{")
-        out.extend(rows)
-        out.append("};\n")
-        tables.append(f'    {{&__uuidof({interface.name}), L"{interface.name}", members_{interface.name}, '
-                      f"{len(interface.members)}}},")
-    out.append("}  // namespace\n")
-    out.append("const DescribedInterface kHostInterfaces[] = {")
-    out.extend(tables)
-    out.append("};")
-    out.append("const size_t kHostInterfaceCount = sizeof kHostInterfaces / sizeof kHostInterfaces[0];\n")
-    out.append("}  // namespace sim::detail")
-    text = "\n".join(out) + "\n"
-    try:
-        if open(output, encoding="utf-8").read() == text:
-            return
-    except OSError:
-        pass
-    open(output, "w", encoding="utf-8").write(text)
-
-
 def main(argv):
     if len(argv) >= 3 and argv[0] == "check":
         found = check(argv[1], argv[2:])
@@ -393,9 +311,6 @@ def main(argv):
         for line in failures:
             print(line, file=sys.stderr)
         return 1 if failures else 0
-    if len(argv) >= 3 and argv[0] == "describe":
-        describe(argv[1], argv[2])
-        return 0
     print(__doc__, file=sys.stderr)
     return 2
 
