@@ -3,7 +3,8 @@
 //
 // Failure handling is fixed per operation and said with each: "catches the automation failure"
 // (the failure shows only as the failure value), "catches everything", or "raises _com_error" (the
-// host's failure reaches the caller, who must be prepared to catch it).
+// host's failure reaches the caller, who must be prepared to catch it). After a caught failure the
+// thread's last error (GetLastError) is unspecified: forming the failure's message may set it.
 #pragma once
 
 #include "QRNExternalUtilitiesApi.h"
@@ -34,9 +35,10 @@ public:
 
     // --- Host access ---
 
-    // The host application's IDispatch with a reference for the caller. Returns 0 and stores null
-    // when the host has no framework object or no automation face; E_FAIL when an automation
-    // failure intervened; E_POINTER when `dispatch` itself is null.
+    // The host application's IDispatch with a reference for the caller. Returns 0, having stored
+    // the IDispatch, or null when the host has no framework object or no automation face; E_POINTER,
+    // storing nothing, when `dispatch` itself is null. No other status comes back: nothing on the
+    // way asks the host anything that can fail.
     static long getCADAppDispatch(IDispatch** dispatch);
     // The host application's typed interface with a reference for the caller, or null. Catches
     // nothing and raises nothing.

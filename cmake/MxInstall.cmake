@@ -14,7 +14,8 @@ install(TARGETS QRNExternalUtilities QRNRoots sim automation framework host impo
   ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
 install(TARGETS zorbsim RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 # The host's and the simulator's type libraries and their IDL, for clients that bind to them by
-# name (the windows build's sim.dll also carries both as its resources).
+# name. They lie beside libsim.so, which serves late-bound calls from them (the windows build's
+# sim.dll carries both as its resources).
 install(FILES ${MX_HOST_TYPE_LIBRARY} ${MX_SIM_TYPE_LIBRARY} DESTINATION ${CMAKE_INSTALL_LIBDIR})
 install(FILES ${PROJECT_SOURCE_DIR}/host/idl/ZorbHost.idl DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/host)
 install(FILES ${PROJECT_SOURCE_DIR}/sim/idl/ZorbSimulator.idl DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/sim)
@@ -34,6 +35,15 @@ install(FILES
     ${PROJECT_SOURCE_DIR}/QRNExternalUtilities/QRNExternalUtilitiesApi.h
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 install(EXPORT ${mx_package}Targets NAMESPACE ${mx_package}:: DESTINATION ${mx_package_dir})
+
+# The pages a user of the package reads beside it: the scenario format, host states, the test helper
+# and driving the host by name. zorbsim's help names this folder (ZORBSIM_DOC_FOLDER).
+install(FILES
+    ${PROJECT_SOURCE_DIR}/docs/scenarios.md
+    ${PROJECT_SOURCE_DIR}/docs/simulated-host.md
+    ${PROJECT_SOURCE_DIR}/docs/testing-with-the-simulated-host.md
+    ${PROJECT_SOURCE_DIR}/docs/driving-by-name.md
+  DESTINATION ${CMAKE_INSTALL_DOCDIR})
 
 # The simulated host's headers include nlohmann/json. A Windows machine has no copy of it for this
 # compiler, so the Windows package carries the headers the build used.

@@ -5,7 +5,8 @@ set -eu
 # clang with its sanitizer and libFuzzer runtimes (libclang-rt-dev) and llvm-symbolizer (llvm) are
 # for the linux-sanitize build; python3 and chromium for the browser test of zorbsim's pages.
 # widl (mingw-w64-tools) compiles the host's IDL with the system IDL files of libwine-dev.
-packages="cmake make g++ googletest libgtest-dev libgmock-dev libbenchmark-dev
+# libffi-dev and pkg-config: the portable runtime calls members through libffi.
+packages="cmake make g++ pkg-config libffi-dev googletest libgtest-dev libgmock-dev libbenchmark-dev
 nlohmann-json3-dev libcli11-dev g++-mingw-w64-x86-64 mingw-w64-tools wine64 wine libwine-dev
 clang libclang-rt-dev llvm python3 chromium"
 

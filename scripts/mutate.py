@@ -8,9 +8,12 @@ hangs past the time limit), survives when the whole suite passes, and did not co
 build refused it. Survivors listed in scripts/mutate_equivalent.json are equivalent: no caller can
 observe them. The report lists every other survivor by file, line and change.
 
-The suite runs in two stages so that most defects cost seconds: the module's own test program with
---gtest_fail_fast first, and only for a defect that it lets live, the whole CTest suite with
---stop-on-failure (the browser test and the benchmarks are not built here).
+Each defect runs every test that reaches the module (found once per run: the tests that fail when
+the module aborts as it loads), to the end, so that the results keep which tests kill it: the kill
+record. The report counts each test's kills and names the tests that kill no defect another test
+does not also kill. --quick runs the old way instead, in two stages that stop at the first failure
+(the module's own test program with --gtest_fail_fast, then the whole suite with
+--stop-on-failure), keeping no record. The browser test and the benchmarks are not built here.
 
 Results are kept per defect in the build folder, keyed by the file's content, so a run stopped by
 --minutes goes on where it stopped, and a changed file has its defects seeded again. Survivors are
@@ -21,6 +24,7 @@ tried again on every run, after the defects not yet run, since the tests may hav
   scripts/mutate.py --minutes 10 --lock FILE     a piece: hold FILE (flock) while it runs, and start no
                                                  defect after ten minutes; the next run goes on
   scripts/mutate.py --list                       the defects, without building anything
+  scripts/mutate.py --quick                      stop each defect at its first failing test
 """
 
 import argparse
@@ -36,192 +40,11 @@ import time
 from contextlib import contextmanager
 from pathlib import Path
 
+from mutation_sites import defects_of
+
 ROOT = Path(__file__).resolve().parent.parent
 MODULE = "QRNExternalUtilities"
 EQUIVALENT_FILE = ROOT / "scripts" / "mutate_equivalent.json"
-
-# ---------------------------------------------------------------------------------------------
-# Where defects can be seeded
-
-# Each kind: a pattern over the code of one line (comments and string literals blanked out) and
-# what a match becomes; a list gives several defects for one site.
-WORD = r"(?<![\w])"
-END = r"(?![\w])"
-SIMPLE_KINDS = [
-    ("comparison", r" == ", [" != "]),
-    ("comparison", r" != ", [" == "]),
-    ("comparison", r" < ", [" <= ", " >= "]),
-    ("comparison", r" <= ", [" < ", " > "]),
-    ("comparison", r" > ", [" >= ", " <= "]),
-    ("comparison", r" >= ", [" > ", " < "]),
-    ("logical", r" && ", [" || "]),
-    ("logical", r" \|\| ", [" && "]),
-    ("negation", r"!(?!=)", [""]),
-    ("boolean", WORD + r"true" + END, ["false"]),
-    ("boolean", WORD + r"false" + END, ["true"]),
-    ("boolean", WORD + r"VARIANT_TRUE" + END, ["VARIANT_FALSE"]),
-    ("boolean", WORD + r"VARIANT_FALSE" + END, ["VARIANT_TRUE"]),
-    ("status", WORD + r"S_OK" + END, ["E_FAIL"]),
-    ("status", WORD + r"E_FAIL" + END, ["S_OK"]),
-    ("status", WORD + r"E_POINTER" + END, ["E_FAIL"]),
-    ("status", WORD + r"FAILED\(", ["SUCCEEDED("]),
-    ("status", WORD + r"SUCCEEDED\(", ["FAILED("]),
-    ("status", WORD + r"kZbNormal" + END, ["kZbError"]),
-    ("status", WORD + r"kZbError" + END, ["kZbNormal"]),
-    ("status", WORD + r"kZbTextTooLong" + END, ["kZbNormal"]),
-    ("variant type", WORD + r"VT_I4" + END, ["VT_INT"]),
-    ("variant type", WORD + r"VT_INT" + END, ["VT_I4"]),
-    ("variant type", WORD + r"VT_I2" + END, ["VT_I4"]),
-    ("variant type", WORD + r"VT_BSTR" + END, ["VT_VARIANT"]),
-    ("walk step", r"WalkStep::stop" + END, ["WalkStep::next"]),
-    ("walk step", r"WalkStep::next" + END, ["WalkStep::stop"]),
-    ("walk rule", r"FailedItem::raises" + END, ["FailedItem::skipped"]),
-    ("walk rule", r"FailedItem::skipped" + END, ["FailedItem::raises"]),
-    ("walk rule", r"NullItem::skipped" + END, ["NullItem::raises"]),
-    ("walk rule", r"NullItem::raises" + END, ["NullItem::visited"]),
-    ("walk rule", r"NullItem::visited" + END, ["NullItem::skipped"]),
-    ("arithmetic", r" \+ ", [" - "]),
-    ("arithmetic", r" - ", [" + "]),
-    ("increment", r"\+\+(?=\w)", [""]),
-    ("increment", r"(?<=\w)\+\+", [""]),
-    ("constant", WORD + r"\d+" + END, None),  # n becomes n + 1
-]
-
-# A statement that only calls (a host method, an SDK function, a helper): deleted whole.
-CALL_STATEMENT = re.compile(r"^\s*(\(\s*\w+\s*\.\*\s*\w+\s*\)|\**[A-Za-z_][\w]*)((->|\.|::)[A-Za-z_]\w*)*\s*[(<]")
-# An assignment to a variable or an output: deleted whole.
-ASSIGNMENT = re.compile(r"^\s*\**[A-Za-z_][\w.\->\[\]]*\s*(=|\+=|-=)\s*[^=]")
-# A return of a value: the value becomes the type's default (null, false, 0, empty).
-RETURN_VALUE = re.compile(r"\breturn\s+(?!\{\};)([^;]+);")
-NOT_STATEMENTS = ("return", "const ", "using", "typedef", "if", "for", "while", "else", "case", "delete ",
-                  "static_cast", "namespace", "template", "class ", "struct ", "enum ")
-
-
-def blank_comments_and_strings(lines):
-    """The lines with comments, string and character literals replaced by spaces (same columns)."""
-    code = []
-    in_block = False
-    for line in lines:
-        out = []
-        i = 0
-        while i < len(line):
-            if in_block:
-                if line.startswith("*/", i):
-                    in_block = False
-                    out.append("  ")
-                    i += 2
-                else:
-                    out.append(" ")
-                    i += 1
-                continue
-            c = line[i]
-            if line.startswith("//", i):
-                out.append(" " * (len(line) - i))
-                break
-            if line.startswith("/*", i):
-                in_block = True
-                out.append("  ")
-                i += 2
-                continue
-            if c in "\"'":
-                j = i + 1
-                while j < len(line) and line[j] != c:
-                    j += 2 if line[j] == "\\" else 1
-                out.append(c + " " * (min(j, len(line)) - i - 1) + (c if j < len(line) else ""))
-                i = j + 1
-                continue
-            out.append(c)
-            i += 1
-        code.append("".join(out).rstrip("\n"))
-    return code
-
-
-def statement_end(code, start):
-    """The last line of the statement that begins on line `start`, or None when it has no end."""
-    depth = 0
-    for n in range(start, len(code)):
-        for c in code[n]:
-            if c in "([{":
-                depth += 1
-            elif c in ")]}":
-                depth -= 1
-                if depth < 0:
-                    return None
-            elif c == ";" and depth == 0:
-                return n
-    return None
-
-
-def defects_of(path, text):
-    """The defects of one source file: dicts with the line (1-based), column, kind, change, and the
-    file's text with the defect seeded."""
-    lines = text.splitlines(keepends=True)
-    code = blank_comments_and_strings(lines)
-    defects = []
-
-    def seed(kind, first, last, replacement_lines, change, column=0):
-        mutated = lines[:first] + replacement_lines + lines[last + 1:]
-        defects.append({"line": first + 1, "column": column, "kind": kind, "change": change,
-                        "original": lines[first].strip(), "text": "".join(mutated)})
-
-    for n, line in enumerate(code):
-        stripped = line.strip()
-        if not stripped or stripped.startswith("#"):
-            continue
-        # Operators, literals and names within the line.
-        for kind, pattern, replacements in SIMPLE_KINDS:
-            for match in re.finditer(pattern, line):
-                found = match.group(0)
-                if kind == "negation" and match.start() > 0 and line[match.start() - 1] == "!":
-                    continue
-                if kind == "constant":
-                    # Not a digit inside a name, a floating-point number or a version-like run.
-                    before = line[:match.start()]
-                    if re.search(r"[\w.]$", before) or line[match.end():match.end() + 1] in (".", "x"):
-                        continue
-                    choices = [str(int(found) + 1)]
-                else:
-                    choices = replacements
-                for replacement in choices:
-                    new = lines[n][:match.start()] + replacement + lines[n][match.end():]
-                    seed(kind, n, n, [new], f"`{found.strip()}` -> `{replacement.strip() or '(nothing)'}`",
-                         match.start() + 1)
-        # A returned value, replaced by the default of the function's type (a value that is already
-        # a default, or a literal that the boolean kind changes, is left).
-        for match in RETURN_VALUE.finditer(line):
-            value = lines[n][match.start(1):match.end(1)]
-            if re.fullmatch(r"\s*([\w:]+\(\)|true|false|nullptr|0|std::nullopt)\s*", value):
-                continue
-            new = lines[n][:match.start(1)] + "{}" + lines[n][match.end(1):]
-            seed("returned value", n, n, [new], f"`return {value.strip()}` -> `return {{}}`", match.start() + 1)
-        # Whole statements: a call, or an assignment, deleted.
-        if any(stripped.startswith(word) for word in NOT_STATEMENTS):
-            continue
-        if n > 0 and not re.search(r"[;{}]\s*$|^\s*$|\)\s*$|else\s*$", code[n - 1]) \
-                and not code[n - 1].strip().startswith("#"):
-            continue  # a continuation of the statement above
-        kind = None
-        if ASSIGNMENT.match(line) and "==" not in line.split("=", 1)[0]:
-            kind = "deleted assignment"
-        elif CALL_STATEMENT.match(line):
-            kind = "deleted call"
-        if kind is None:
-            continue
-        last = statement_end(code, n)
-        if last is None or last - n > 12:
-            continue
-        statement = " ".join(l.strip() for l in code[n:last + 1])
-        # A declaration or a definition is no statement to delete.
-        if kind == "deleted call" and (not statement.rstrip().endswith(");") or re.search(r"=\s*(default|delete)\b", statement)
-                                       or re.search(r"\)\s*(const\s*)?\{", code[n]) and "[" not in code[n]):
-            continue
-        indent = re.match(r"\s*", lines[n]).group(0)
-        statement = " ".join(l.strip() for l in lines[n:last + 1])
-        if len(statement) > 70:
-            statement = statement[:67] + "..."
-        seed(kind, n, last, [indent + "{}\n"], f"`{statement}` deleted")
-    return defects
-
 
 # ---------------------------------------------------------------------------------------------
 # Building and testing
@@ -320,26 +143,68 @@ class Workspace:
                             timeout=self.suite_timeout, log=self.log)
         return status, taken
 
+    def failed_tests(self):
+        failed = self.build / "Testing" / "Temporary" / "LastTestsFailed.log"
+        if not failed.is_file():
+            return []
+        return [line.split(":", 1)[1].strip() for line in failed.read_text().splitlines() if ":" in line]
+
+    def run_tests(self, names):
+        """Runs the CTest tests `names` (all when None) to the end; gives (status, seconds, failed names)."""
+        failed = self.build / "Testing" / "Temporary" / "LastTestsFailed.log"
+        if failed.is_file():
+            failed.unlink()
+        chosen = [] if names is None else ["-R", "^(" + "|".join(re.escape(n) for n in names) + ")$"]
+        status, taken = run(["ctest", "--test-dir", str(self.build), "-j", str(self.jobs),
+                             "--timeout", str(int(self.suite_timeout / 4))] + chosen,
+                            timeout=self.suite_timeout, log=self.log)
+        return status, taken, self.failed_tests()
+
+    def test_programs(self):
+        """Each CTest test's program, by the file name of the command it runs."""
+        listed = subprocess.run(["ctest", "--test-dir", str(self.build), "--show-only=json-v1"],
+                                stdout=subprocess.PIPE, text=True, check=True).stdout
+        return {test["name"]: Path(test.get("command", ["?"])[0]).name for test in json.loads(listed)["tests"]}
+
+    def reaching_tests(self, any_source):
+        """The tests that can see a defect of the module: those that fail when it aborts as it loads."""
+        target = self.source / MODULE / any_source
+        original = target.read_text()
+        target.write_text(original + "\n#include <cstdlib>\nnamespace { const int kAbortsOnLoad = (std::abort(), 0); }\n")
+        try:
+            if not self.build_module():
+                return None
+            return self.run_tests(None)[2]
+        finally:
+            target.write_text(original)
+            self.build_module()
+
     def set_time_limits(self, module_seconds, suite_seconds):
         # A seeded loop that no longer ends is killed once it takes clearly longer than the baseline.
         self.module_timeout = max(30, int(module_seconds * 4 + 20))
         self.suite_timeout = max(120, int(suite_seconds * 3 + 60))
 
 
-def test_defect(workspace, relative, original, defect):
-    """Seeds one defect, builds and tests; gives the outcome and the stage that decided it."""
+def test_defect(workspace, relative, original, defect, reaching):
+    """Seeds one defect, builds and tests; gives the outcome, the stage that decided it and the tests
+    that failed (None when the run stopped at the first failure)."""
     target = workspace.source / MODULE / relative
     target.write_text(defect["text"])
     try:
         if not workspace.build_module():
-            return "did not compile", None
+            return "did not compile", None, None
+        if reaching is not None:
+            status, _, failed = workspace.run_tests(reaching)
+            if status == "timeout":
+                return "killed", "ctest (timed out)", failed
+            return ("killed" if status != 0 else "survived"), ("ctest" if status != 0 else None), failed
         status, _ = workspace.module_tests()
         if status != 0:
-            return "killed", "module_tests" + (" (timed out)" if status == "timeout" else "")
+            return "killed", "module_tests" + (" (timed out)" if status == "timeout" else ""), None
         status, _ = workspace.whole_suite()
         if status != 0:
-            return "killed", "ctest" + (" (timed out)" if status == "timeout" else "")
-        return "survived", None
+            return "killed", "ctest" + (" (timed out)" if status == "timeout" else ""), None
+        return "survived", None, None
     finally:
         target.write_text(original)
 
@@ -354,9 +219,16 @@ def load_equivalents():
     return json.loads(EQUIVALENT_FILE.read_text())
 
 
+def matches(entry, relative, defect):
+    """An entry names one defect: its file, its line's text, which line of that text in the file
+    (the first unless it says), and the change."""
+    return (entry["file"] == relative and entry["line"] == defect["original"]
+            and entry.get("occurrence", 1) == defect["occurrence"] and entry["change"] == defect["change"])
+
+
 def equivalent_reason(equivalents, relative, defect):
     for entry in equivalents:
-        if entry["file"] == relative and entry["line"] == defect["original"] and entry["change"] == defect["change"]:
+        if matches(entry, relative, defect):
             return entry["reason"]
     return None
 
@@ -375,10 +247,27 @@ def module_files(selected):
     return files
 
 
-def write_report(path, files, results, equivalents, elapsed, complete):
+def kill_record(files, results, programs):
+    """Rows of the kill record: each test that reaches the module, its program, the defects it kills
+    and how many of them no other test kills; killers of the defects that have a record only."""
+    kills = {name: set() for name in programs}
+    for _, defects in files:
+        for key, _ in defects:
+            for name in results.get(key, {}).get("killers") or []:
+                kills.setdefault(name, set()).add(key)
+    rows = []
+    for name, killed in kills.items():
+        unique = [key for key in killed if len(results[key]["killers"]) == 1]
+        rows.append((name, programs.get(name, "?"), len(killed), len(unique)))
+    return sorted(rows, key=lambda row: (row[3] > 0, row[2], row[0]))
+
+
+def write_report(path, files, results, equivalents, elapsed, complete, programs):
     counts = {"killed": 0, "survived": 0, "equivalent": 0, "did not compile": 0, "not run": 0}
+    by_kind = {}
     survivors = []
     equivalent_rows = []
+    used_entries = set()
     for relative, defects in files:
         for key, defect in defects:
             outcome = results.get(key, {}).get("outcome", "not run")
@@ -389,21 +278,35 @@ def write_report(path, files, results, equivalents, elapsed, complete):
                     equivalent_rows.append((relative, defect, reason))
                 else:
                     survivors.append((relative, defect))
+            used_entries.update(i for i, entry in enumerate(equivalents) if matches(entry, relative, defect))
             counts[outcome] += 1
+            by_kind.setdefault(defect["kind"], dict.fromkeys(counts, 0))[outcome] += 1
+    run_files = {relative for relative, _ in files}
+    stale = [entry for i, entry in enumerate(equivalents) if i not in used_entries and entry["file"] in run_files]
     sites = sum(len(defects) for _, defects in files)
     lines = ["# Seeded defects in the module", "",
              f"Files: {len(files)}. Defects seeded: {sites}" + ("" if complete else " (run not complete)") + ".",
              "",
-             "| outcome | defects |", "|---|---|"]
-    for outcome in ("killed", "survived", "equivalent", "did not compile", "not run"):
-        lines.append(f"| {outcome} | {counts[outcome]} |")
+             "| kind | " + " | ".join(counts) + " |", "|---|" + "---:|" * len(counts)]
+    for kind in sorted(by_kind):
+        lines.append(f"| {kind} | " + " | ".join(str(by_kind[kind][o]) for o in counts) + " |")
+    lines.append("| **all** | " + " | ".join(f"**{counts[o]}**" for o in counts) + " |")
     lines += ["", f"Time of the runs that gave these results: {elapsed / 60:.1f} minutes.", ""]
     lines += ["## Survived", ""] + ([f"- `{MODULE}/{r}:{d['line']}` ({d['kind']}) {d['change']}  \n  `{d['original']}`"
                                       for r, d in survivors] or ["None."])
     lines += ["", "## Equivalent", ""] + ([f"- `{MODULE}/{r}:{d['line']}` {d['change']}: {reason}"
                                           for r, d, reason in equivalent_rows] or ["None."])
+    lines += ["", "## Equivalence entries that match no defect", ""] + (
+        [f"- `{e['file']}` `{e['line']}` {e['change']}" for e in stale] or ["None."])
+    if programs:
+        record = kill_record(files, results, programs)
+        lines += ["", "## Kill record", "",
+                  "Each test that reaches the module: the defects it kills, and how many of them no other test kills.",
+                  "A test with no kill of its own is listed first.", "",
+                  "| test | program | kills | its own |", "|---|---|---:|---:|"]
+        lines += [f"| {name} | {program} | {killed} | {own} |" for name, program, killed, own in record]
     path.write_text("\n".join(lines) + "\n")
-    return counts, sites
+    return counts, sites, stale
 
 
 def main():
@@ -416,6 +319,8 @@ def main():
                         help="a file to hold (flock) while building and testing")
     parser.add_argument("--jobs", type=int, default=min(os.cpu_count() or 2, 2))
     parser.add_argument("--list", action="store_true", help="list the defects and stop")
+    parser.add_argument("--quick", action="store_true",
+                        help="stop each defect at its first failing test, keeping no kill record")
     args = parser.parse_args()
 
     files = []
@@ -454,10 +359,20 @@ def main():
             sys.exit(f"the unseeded suite fails; see {folder / 'last-run.log'}")
         workspace.set_time_limits(module_seconds, suite_seconds)
         print(f"baseline: module_tests {module_seconds:.0f} s, whole suite {suite_seconds:.0f} s", flush=True)
+        reaching = None
+        if not args.quick:
+            reaching = workspace.reaching_tests(next(f for f in module_files([]) if f.endswith(".cpp")))
+            if not reaching:
+                sys.exit(f"no test fails when the module aborts as it loads; see {folder / 'last-run.log'}")
+            programs = {name: program for name, program in workspace.test_programs().items() if name in reaching}
+            (folder / "reaching.json").write_text(json.dumps(programs, indent=1, sort_keys=True))
+            print(f"{len(reaching)} tests reach the module", flush=True)
         # Defects not yet run come first, so that a piece spends its time on new ground; survivors
         # are tried again after them (the tests may have changed since), unless equivalent.
         def not_run(relative, key, defect):
-            return key not in results
+            # A defect killed in a quick run has no record yet.
+            return key not in results or (reaching is not None and results[key]["outcome"] == "killed"
+                                          and results[key].get("killers") is None)
 
         def worth_retrying(relative, key, defect):
             return (results[key]["outcome"] == "survived"
@@ -475,9 +390,10 @@ def main():
                         stopped_early = True
                         break
                     begun = time.monotonic()
-                    outcome, stage = test_defect(workspace, relative, original, defect)
+                    outcome, stage, killers = test_defect(workspace, relative, original, defect, reaching)
                     taken = time.monotonic() - begun
-                    results[key] = {"outcome": outcome, "stage": stage, "seconds": round(taken, 1)}
+                    results[key] = {"outcome": outcome, "stage": stage, "seconds": round(taken, 1),
+                                    "killers": killers}
                     save()
                     print(f"{outcome:16} {MODULE}/{relative}:{defect['line']} {defect['change']} ({taken:.0f} s)",
                           flush=True)
@@ -490,9 +406,13 @@ def main():
 
     elapsed = sum(results[k]["seconds"] for _, defects in files for k, _ in defects if k in results)
     complete = all(k in results for _, defects in files for k, _ in defects)
-    counts, sites = write_report(folder / "report.md", files, results, equivalents, elapsed, complete)
+    reaching_file = folder / "reaching.json"
+    programs = json.loads(reaching_file.read_text()) if reaching_file.is_file() else {}
+    counts, sites, stale = write_report(folder / "report.md", files, results, equivalents, elapsed, complete, programs)
     print(f"{sites} defects: " + ", ".join(f"{counts[o]} {o}" for o in counts) + f"; report: {folder / 'report.md'}")
-    return 0 if complete and counts["survived"] == 0 else 1
+    if stale:
+        print(f"{len(stale)} equivalence entries match no defect (see the report)")
+    return 0 if complete and counts["survived"] == 0 and not stale else 1
 
 
 if __name__ == "__main__":

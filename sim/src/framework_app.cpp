@@ -2,6 +2,7 @@
 
 #include "host_methods.h"
 #include "named_subject.h"
+#include "objects/host_references.h"
 #include "objects/objects.h"
 
 #include <stdexcept>
@@ -13,7 +14,7 @@ FrameworkApp::FrameworkApp(std::shared_ptr<HostCore> core) : m_core(std::move(co
 FrameworkApp::~FrameworkApp()
 {
     if (m_application != nullptr) {
-        --m_core->hostReferences;
+        m_applicationReferences->letGoForHost();
         m_application->Release();
     }
 }
@@ -43,7 +44,9 @@ IDispatch* FrameworkApp::automationDispatch()
         return nullptr;
     if (m_application == nullptr) {
         m_application = newApplication(m_core);
-        ++m_core->hostReferences;
+        // The newest of the host's objects is the one just made.
+        m_applicationReferences = m_core->liveObjects;
+        m_applicationReferences->keepForHost();
     }
     return call.giveSdkObject(static_cast<IDispatch*>(m_application), L"no automation object");
 }

@@ -28,6 +28,8 @@ private:
 
     std::shared_ptr<HostCore> m_core;
     HostApplication* m_application = nullptr;  // one reference, made on first demand
+    HostReferenceCount* m_applicationReferences =
+        nullptr;  // the application's count, which knows that reference
 };
 
 }  // namespace sim::detail

@@ -2,6 +2,7 @@
 
 #include "fault_check.h"
 #include "installation.h"
+#include "objects/host_references.h"
 #include "sdk_buffers.h"
 
 #include <stdexcept>
@@ -120,6 +121,17 @@ long Host::referencesHeld() const
 {
     const detail::HostCore& core = m_impl->installation.core();
     return core.references - core.hostReferences;
+}
+
+std::vector<HeldObject> Host::heldObjects() const
+{
+    std::vector<HeldObject> held;
+    for (const detail::HostReferenceCount* count = m_impl->installation.core().liveObjects; count != nullptr;
+         count = count->next()) {
+        if (std::optional<HeldObject> object = count->heldByCallers())
+            held.push_back(std::move(*object));
+    }
+    return held;
 }
 
 void Host::releaseApplicationReferences(long count)

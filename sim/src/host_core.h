@@ -14,6 +14,8 @@
 
 namespace sim::detail {
 
+class HostReferenceCount;
+
 struct HostCore {
     explicit HostCore(HostState initial) : state(std::move(initial)) {}
 
@@ -22,6 +24,11 @@ struct HostCore {
     bool installed = true;    // false once the Host was destroyed
     long references = 0;      // on all host objects of this host
     long hostReferences = 0;  // of those, the ones the host itself keeps (the framework object's)
+    // The objects of this host still counting references, newest first (objects/host_references.h).
+    HostReferenceCount* liveObjects = nullptr;
+    // The host call under way ("HostMenuGroups.Item"), to which the references taken meanwhile are
+    // owed; null between calls. Methods are named by literals, which outlive every call.
+    const char* callUnderWay = nullptr;
     // Off unless a benchmark asks: reading the clock twice per call would slow every other use.
     bool timingCalls = false;
     std::chrono::steady_clock::duration callTime{};  // spent inside calls while timingCalls

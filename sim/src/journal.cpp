@@ -138,6 +138,11 @@ std::string statusName(HRESULT status)
     return nameOfStatus(status);
 }
 
+std::optional<HRESULT> statusNamed(const std::string& name)
+{
+    return statusFromName(name);
+}
+
 std::string formatJournalLine(const JournalEntry& entry)
 {
     std::string line = entry.method;

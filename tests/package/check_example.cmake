@@ -21,6 +21,15 @@ foreach(imported include/host/object_model.h include/host/members.h include/sim/
   endif()
 endforeach()
 
+# Off Windows the simulated host loads the host's type library from its own folder.
+if(NOT TOOLCHAIN)
+  file(GLOB_RECURSE simulator ${prefix}/libsim.so)
+  cmake_path(GET simulator PARENT_PATH simulator_folder)
+  if(NOT simulator OR NOT EXISTS ${simulator_folder}/ZorbHost.tlb)
+    message(FATAL_ERROR "the install holds no ZorbHost.tlb beside libsim.so (${simulator})")
+  endif()
+endif()
+
 if(TOOLCHAIN)
   # A cross build finds packages only below its find roots: the prefix becomes one.
   set(find_package_from -DCMAKE_TOOLCHAIN_FILE=${TOOLCHAIN} -DCMAKE_FIND_ROOT_PATH=${prefix})

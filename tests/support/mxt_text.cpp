@@ -49,8 +49,3 @@ std::string narrow(const std::wstring& value)
 }
 
 }  // namespace module_testing
-
-void PrintTo(const MxtString& value, std::ostream* out)
-{
-    *out << '"' << module_testing::narrow(module_testing::text(value)) << '"';
-}

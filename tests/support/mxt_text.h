@@ -3,9 +3,9 @@
 
 #include "MxtArray"
 #include "MxtString"
+#include "simtest/printers.h"  // how GoogleTest shows MxtString values
 
 #include <initializer_list>
-#include <ostream>
 #include <string>
 
 namespace module_testing {
@@ -24,6 +24,3 @@ std::wstring textOfLength(std::size_t count, const std::wstring& prefix = L"");
 std::string narrow(const std::wstring& value);
 
 }  // namespace module_testing
-
-// GoogleTest prints MxtString values through this.
-void PrintTo(const MxtString& value, std::ostream* out);

@@ -1,10 +1,13 @@
 // Tests that fail on purpose, so that CTest can check what the test helper's fixture reports about
 // them (tests/testing/CMakeLists.txt): leftovers, the host calls of a failed test, a state file
-// that cannot be read, and silence when all is well.
+// that cannot be read, the values of failed comparisons, and silence when all is well.
 #include "simtest/host_fixture.h"
 
 #include "framework.h"
 #include "host/sdk.h"
+
+#include "MxtArray"
+#include "MxtString"
 
 #include <gtest/gtest.h>
 
@@ -53,5 +56,21 @@ protected:
 };
 
 TEST_F(FromAMissingStateFile, FailsNamingTheFile) {}
+
+bool holdsNoFolders(const MxtArray<MxtString>& folders)
+{
+    return folders.getLength() == 0;
+}
+
+TEST(Printers, ShowTheValuesOfFailedComparisons)
+{
+    EXPECT_EQ(MxtString(L"C:\\MX\\Support"), MxtString(L"C:\\Zorb"));
+    MxtArray<MxtString> folders;
+    folders.add(MxtString(L"C:\\MX"));
+    folders.add(MxtString(L"D:\\Plot Styles"));
+    EXPECT_PRED1(holdsNoFolders, folders);
+    EXPECT_EQ(_bstr_t(L"Größe A"), _bstr_t());
+    EXPECT_EQ(_variant_t(42L), _variant_t(L"forty-two"));
+}
 
 }  // namespace

@@ -105,7 +105,7 @@ protected:
     }
 
 private:
-    zorbsim::Scenario m_scenario{"test", "", "built-in default host", {}, {}};
+    zorbsim::Scenario m_scenario{"test", "", "built-in default host", {}, {}, {}};
     zorbsim::RunResult m_run;
 };
 

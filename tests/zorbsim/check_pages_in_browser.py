@@ -2,7 +2,7 @@
 """zorbsim's pages as a browser shows them: renders the demo's run report and the view of a host
 whose texts are markup, opens them in headless Chromium and checks what it lays out: the menu
 bar's entries, an opened menu's items (shown, and marked as the step changed them), a hidden
-floating toolbar at its place, the marks of changed steps, and host texts that read as text. Takes
+floating toolbar in the row of hidden ones, the marks of changed steps, and host texts that read as text. Takes
 the screenshot the documentation shows.
 
   check_pages_in_browser.py --zorbsim ZORBSIM --chromium CHROMIUM --hostile-host FILE
@@ -95,11 +95,11 @@ def check_report(browser, report, screenshot):
            probe(browser, f"return items(stepView({SNAP_TITLE!r}).querySelector('nav.menubar > details'))"
                           ".some(item => item[2]);"),
            False)
-    expect("the hidden Zoom toolbar before the first step: classes, badge, shown inside the drawing area",
+    expect("the hidden Zoom toolbar before the first step: classes, badge, in the hidden ones' row of the drawing area",
            probe(browser, """
-             const canvas = view('before').querySelector('.canvas');
-             const toolbar = canvas.querySelector('.toolbar[data-name="Zoom"]');
-             const inside = toolbar.getBoundingClientRect(), area = canvas.getBoundingClientRect();
+             const area = view('before').querySelector('.drawing').getBoundingClientRect();
+             const toolbar = view('before').querySelector('.parked .toolbar[data-name="Zoom"]');
+             const inside = toolbar.getBoundingClientRect();
              return [toolbar.className, text(toolbar.querySelector('.badge')), shown(toolbar),
                      inside.left >= area.left && inside.top >= area.top];"""),
            ["toolbar floating hidden", "hidden", True, True])
@@ -135,8 +135,8 @@ def check_hostile_view(browser, page):
            probe(browser, """
              const host = view('host');
              return [text(host.querySelector('.group h4')),
-                     host.querySelector('.canvas .toolbar').dataset.name,
-                     text(host.querySelector('.canvas .toolbar .button')),
+                     host.querySelector('.parked .toolbar').dataset.name,
+                     text(host.querySelector('.parked .toolbar .button')),
                      text(host.querySelector('tr.document td')),
                      text(host.querySelector('tr.variable td')),
                      text(host.querySelector('tr.plot-job td:nth-child(2)')),

@@ -2,8 +2,9 @@
 # stderr. With ABSENT_FILE, that file must not exist afterwards (nothing half written).
 #   cmake -DZORBSIM=... "-DARGS=run|a.json" -DEXIT=2 [-DEMULATOR=...] [-DSTDOUT=regex] [-DSTDERR=regex]
 #         [-DABSENT_FILE=path] [-DWRITTEN_FILE=path -DWRITTEN=regex] [-DNO_PARTIAL_IN=folder]
-#         -P check_zorbsim.cmake
-# With NO_PARTIAL_IN, no temporary dump file may be left in that folder.
+#         [-DKEPT_FILE=path] -P check_zorbsim.cmake
+# With NO_PARTIAL_IN, no temporary dump file may be left in that folder. With KEPT_FILE, that file
+# must hold afterwards what it held before.
 # Arguments come separated by "|": a ";" would not survive add_test.
 string(REPLACE "|" ";" ARGS "${ARGS}")
 
@@ -12,6 +13,9 @@ if(DEFINED ABSENT_FILE)
 endif()
 if(DEFINED WRITTEN_FILE)
   file(REMOVE "${WRITTEN_FILE}")
+endif()
+if(DEFINED KEPT_FILE)
+  file(READ "${KEPT_FILE}" kept_before)
 endif()
 
 # EMULATOR: the windows build's (Wine), empty in the Linux build. A Windows program ends its lines
@@ -42,6 +46,12 @@ if(DEFINED WRITTEN_FILE)
   file(READ "${WRITTEN_FILE}" written)
   if(NOT written MATCHES "${WRITTEN}")
     message(FATAL_ERROR "${WRITTEN_FILE} does not match: ${WRITTEN}")
+  endif()
+endif()
+if(DEFINED KEPT_FILE)
+  file(READ "${KEPT_FILE}" kept_after)
+  if(NOT kept_after STREQUAL kept_before)
+    message(FATAL_ERROR "${KEPT_FILE} was changed")
   endif()
 endif()
 if(DEFINED NO_PARTIAL_IN)

@@ -120,15 +120,17 @@ TEST(HostView, PlacesToolbarsAtTheirSideOrPlace)
     const std::string view = viewOf(sim::defaultHostState());
     const std::string top = between(view, "class=\"dock dock-top\"", "class=\"dock dock-left\"");
     const std::string left = between(view, "class=\"dock dock-left\"", "class=\"drawing\"");
-    const std::string canvas = between(view, "class=\"canvas\"", "class=\"dock dock-right\"");
     const std::string right = between(view, "class=\"dock dock-right\"", "class=\"dock dock-bottom\"");
     EXPECT_THAT(top, HasSubstr("data-name=\"Standard\""));
     EXPECT_THAT(left, HasSubstr("data-name=\"Draw\""));
     EXPECT_THAT(right, HasSubstr("data-name=\"Modify\""));
     EXPECT_THAT(top + left + right, Not(HasSubstr("data-name=\"Zoom\"")));
-    // Hidden and floating at half its place, (420, 310), in one row.
-    EXPECT_THAT(canvas, HasSubstr("class=\"toolbar floating hidden\" data-name=\"Zoom\" "
-                                  "style=\"left:210px;top:155px;--rows:1\""));
+    // Hidden and floating: in line below the drawing, not at its place where hidden ones would pile
+    // up, which its hover text still tells.
+    const std::string parked = between(view, "class=\"dock parked\"", "class=\"dock dock-right\"");
+    EXPECT_THAT(parked, HasSubstr("class=\"toolbar floating hidden\" data-name=\"Zoom\" "
+                                  "title=\"TB_ZOOM, floating at (420, 310) in 1 row\""));
+    EXPECT_THAT(parked, Not(HasSubstr("style=")));
     // The Standard toolbar's Zoom Window button opens the Zoom toolbar.
     EXPECT_THAT(view, HasSubstr("<span class=\"flyout-to\">&#9656; TB_ZOOM</span>"));
 }

@@ -8,6 +8,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cwchar>
 #include <string>
 
 namespace {
@@ -51,8 +52,8 @@ const json kValidArguments = {{"device", "P1"}, {"quiet", true}, {"copies", 3}, 
 TEST(OperationBinding, DescribesEveryParameterWithItsKind)
 {
     EXPECT_EQ(plotOperation().signature(),
-              "StandIn::plot(device: string, quiet: bool, copies: long, scale: double, type: plot type, "
-              "jobs: output long, message: output string) -> bool");
+              "StandIn::plot(device: in string, quiet: in bool, copies: in long, scale: in double, "
+              "type: in plot type, jobs: out long, message: out string) -> bool");
 }
 
 TEST(OperationBinding, PassesArgumentsAndReadsOutputsBackFromTheirStartingValues)
@@ -102,6 +103,36 @@ TEST(OperationBinding, RejectsBadArgumentsNamingTheirPlace)
     EXPECT_THAT(rejection(json::array()), HasSubstr("/args: expected an object of arguments"));
 }
 
+// Moves `left` on by the length of the name. Both are references, but the name is only read.
+bool placeStandIn(MxtString& name, long& left)
+{
+    left += static_cast<long>(std::wcslen(name.getStringW()));
+    return true;
+}
+
+TEST(OperationBinding, TakesTheDirectionsTheTableDeclares)
+{
+    const Operation place =
+        zorbsim::bindOperation("StandIn", "place", &placeStandIn, zorbsim::input("name"), zorbsim::inOut("left"));
+    EXPECT_EQ(place.signature(), "StandIn::place(name: in string, left: in/out long) -> bool");
+    const auto rejection = [&](const json& arguments) -> std::string {
+        try {
+            (void)place.bind(arguments, InputPlace("test.json") / "args");
+        }
+        catch (const InputError& error) {
+            return error.what();
+        }
+        return "accepted";
+    };
+    EXPECT_THAT(rejection({{"name", "MX"}}), HasSubstr("missing argument \"left\""));
+    EXPECT_THAT(rejection({{"left", 1}}), HasSubstr("missing argument \"name\""));
+
+    // The input is not reported back; the in/out value is, as the call left it.
+    const zorbsim::CallOutcome outcome = place.bind({{"name", "MX"}, {"left", 10}}, InputPlace("test.json")).run();
+    ASSERT_EQ(outcome.outputs.size(), 1u);
+    EXPECT_EQ(outcome.outputs[0], std::make_pair(std::string("left"), json(12)));
+}
+
 // Describes each item as "index|label|macro" on a line of its own, so that a test sees every field
 // of every item in the order the call received them.
 MxtString listMenuItems(const MxtArray<ZORBAppUtilities::ZORBMenuItem>& items)
@@ -131,7 +162,7 @@ std::string menuItemsRejection(const json& items)
 
 TEST(MenuItemBinding, PassesEveryItemWithItsFieldsInOrder)
 {
-    EXPECT_EQ(menuItemsOperation().signature(), "StandIn::listMenuItems(items: menu item array) -> string");
+    EXPECT_EQ(menuItemsOperation().signature(), "StandIn::listMenuItems(items: in menu item array) -> string");
     const json items = json::array({
         {{"index", 2147483647}, {"label", "&Größe"}, {"macro", "^C^C_MXSIZE"}},
         {{"index", -2147483648ll}, {"label", ""}, {"macro", ""}},
@@ -213,7 +244,7 @@ std::string pointRejection(const json& lowerLeft)
 
 TEST(PointBinding, PassesEachPointAsTheHostsDoubleArrayVariant)
 {
-    EXPECT_EQ(kPoints.signature(), "StandIn::describePoints(lowerLeft: point, upperRight: point) -> string");
+    EXPECT_EQ(kPoints.signature(), "StandIn::describePoints(lowerLeft: in point, upperRight: in point) -> string");
     const zorbsim::CallOutcome outcome =
         kPoints.bind({{"lowerLeft", {1.5, -2}}, {"upperRight", {300, 400.25}}}, InputPlace("test.json")).run();
     const std::string doubleArray = std::to_string(VT_ARRAY | VT_R8);

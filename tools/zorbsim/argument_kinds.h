@@ -1,8 +1,8 @@
 // How the parameters and results of the module's exported operations cross between a scenario's
 // JSON and a real call. Each C++ type that appears in an exported signature has one ArgumentKind
-// (or ResultKind): the name `zorbsim ops` shows, whether it is an output, the value held for the
-// call, and the conversions. An operation whose signature uses a type without a kind does not
-// compile into the table: that type needs its kind here first.
+// (or ResultKind): the name `zorbsim ops` shows, whether the call may write it (a reference), the
+// value held for the call, and the conversions. An operation whose signature uses a type without a kind does
+// not compile into the table: that type needs its kind here first.
 #pragma once
 
 #include "automation_failure.h"
@@ -112,9 +112,11 @@ struct BooleanValue {
     static nlohmann::json write(Held held) { return held; }
 };
 
+// A `long` crosses the host interfaces as a 32-bit number on every build, so a scenario's value is
+// held to 32 bits even where `long` is wider.
 struct LongValue {
     using Held = long;
-    static Held read(const nlohmann::json& value, const InputPlace& place) { return readLong(value, place); }
+    static Held read(const nlohmann::json& value, const InputPlace& place) { return readInt32(value, place); }
     static nlohmann::json write(Held held) { return held; }
 };
 
@@ -159,10 +161,11 @@ struct PlotTypeValue {
     static nlohmann::json write(Held held) { return static_cast<int>(held); }
 };
 
-// Parameters. Every kind passes its held value to the call; output kinds read it back afterwards.
+// Parameters. Every kind passes its held value to the call; a writable one (a reference) is read
+// back afterwards unless the operation declares it an input.
 
-template <class Value, bool output> struct ParameterKind : Value {
-    static constexpr bool isOutput = output;
+template <class Value, bool writable> struct ParameterKind : Value {
+    static constexpr bool isWritable = writable;
     static typename Value::Held& pass(typename Value::Held& held) { return held; }
     // An expected output value must have the shape of a starting value.
     static void checkOutcome(const nlohmann::json& value, const InputPlace& place)
@@ -177,13 +180,13 @@ template <> struct ArgumentKind<const MxtString&> : ParameterKind<MxtStringValue
     static constexpr const char* name = "string";
 };
 template <> struct ArgumentKind<MxtString&> : ParameterKind<MxtStringValue, true> {
-    static constexpr const char* name = "output string";
+    static constexpr const char* name = "string";
 };
 template <> struct ArgumentKind<const _bstr_t&> : ParameterKind<BstrValue, false> {
     static constexpr const char* name = "string";
 };
 template <> struct ArgumentKind<_bstr_t&> : ParameterKind<BstrValue, true> {
-    static constexpr const char* name = "output string";
+    static constexpr const char* name = "string";
 };
 template <>
 struct ArgumentKind<const MxtArray<MxtString>&> : ParameterKind<ArrayValue<MxtStringValue>, false> {
@@ -201,7 +204,7 @@ template <> struct ArgumentKind<long> : ParameterKind<LongValue, false> {
     static constexpr const char* name = "long";
 };
 template <> struct ArgumentKind<long&> : ParameterKind<LongValue, true> {
-    static constexpr const char* name = "output long";
+    static constexpr const char* name = "long";
 };
 template <> struct ArgumentKind<const _variant_t&> : ParameterKind<PointValue, false> {
     static constexpr const char* name = "point";
@@ -216,8 +219,8 @@ template <> struct ArgumentKind<ZbDbPlotSettings::PlotType> : ParameterKind<Plot
 // An object the module hands out with a reference for the caller; the held smart pointer releases
 // it once the call is reported. The report shows "IDispatch", or null when none came.
 template <> struct ArgumentKind<IDispatch**> {
-    static constexpr const char* name = "output object";
-    static constexpr bool isOutput = true;
+    static constexpr const char* name = "object";
+    static constexpr bool isWritable = true;
     using Held = IDispatchPtr;
     static Held read(const nlohmann::json& value, const InputPlace& place)
     {

@@ -2,7 +2,6 @@
 
 #include "sim/utf8.h"
 
-#include <cctype>
 #include <cstdint>
 #include <cstdio>
 
@@ -53,21 +52,6 @@ std::string statusWithMessage(HRESULT code)
 {
     const std::string message = platformMessage(code);
     return message.empty() ? hexStatus(code) : hexStatus(code) + " (" + message + ")";
-}
-
-std::optional<HRESULT> parseHexStatus(const std::string& text)
-{
-    if (text.size() != 10 || text[0] != '0' || (text[1] != 'x' && text[1] != 'X'))
-        return std::nullopt;
-    std::uint32_t value = 0;
-    for (std::size_t i = 2; i < text.size(); ++i) {
-        const auto digit = static_cast<unsigned char>(text[i]);
-        if (!std::isxdigit(digit))
-            return std::nullopt;
-        value = value * 16 + static_cast<std::uint32_t>(std::isdigit(digit) ? digit - '0'
-                                                                            : std::tolower(digit) - 'a' + 10);
-    }
-    return static_cast<HRESULT>(value);
 }
 
 }  // namespace zorbsim

@@ -4,7 +4,6 @@
 
 #include "automation.h"
 
-#include <optional>
 #include <string>
 
 namespace zorbsim {
@@ -25,8 +24,5 @@ std::string platformMessage(HRESULT code);
 std::string hexStatus(HRESULT code);
 // "0x80004005 (Unspecified error)"
 std::string statusWithMessage(HRESULT code);
-
-// Reads "0x80004005" (eight hex digits after "0x"); none for anything else.
-std::optional<HRESULT> parseHexStatus(const std::string& text);
 
 }  // namespace zorbsim

@@ -34,13 +34,14 @@ std::string runPage(const Scenario& scenario, const RunResult& run)
     return page.str();
 }
 
-std::vector<RunOutput> runOutputs(const ReportOptions& options)
+std::vector<RunOutput> runOutputs(const ReportOptions& options, const std::vector<InputFile>& inputs)
 {
     std::vector<RunOutput> outputs;
     if (options.dumpState)
-        outputs.push_back({{"--dump-state", options.dumpStatePath, "the host state"}, finalStateText});
+        outputs.push_back(
+            {{"--dump-state", options.dumpStatePath, "the host state", inputs}, finalStateText});
     if (options.html)
-        outputs.push_back({{"--html", options.htmlPath, "the HTML report"}, runPage});
+        outputs.push_back({{"--html", options.htmlPath, "the HTML report", inputs}, runPage});
     return outputs;
 }
 
@@ -48,7 +49,7 @@ std::vector<RunOutput> runOutputs(const ReportOptions& options)
 
 int runScenarioCommand(Scenario scenario, const ReportOptions& options)
 {
-    const std::vector<RunOutput> outputs = runOutputs(options);
+    const std::vector<RunOutput> outputs = runOutputs(options, scenario.inputFiles);
     for (const RunOutput& output : outputs)
         checkOutputTarget(output.target);
     // The page shows every step's host calls and the host after it; a run keeps them only for it.
@@ -85,7 +86,10 @@ int printStateCommand(const std::string& hostPath)
 
 int viewCommand(const std::string& hostPath, const std::string& outputPath)
 {
-    const OutputTarget target{"-o", outputPath, "the view"};
+    std::vector<InputFile> inputs;
+    if (!hostPath.empty())
+        inputs.push_back({hostPath, "the host state being viewed"});
+    const OutputTarget target{"-o", outputPath, "the view", std::move(inputs)};
     checkOutputTarget(target);
     const sim::HostState state = hostPath.empty() ? sim::defaultHostState() : readStateFile(hostPath);
     std::ostringstream page;

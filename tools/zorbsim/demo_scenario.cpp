@@ -111,7 +111,7 @@ constexpr const char* kDemoScenario = R"json({
       }
     },
     {
-      "title": "It puts the MX group's first menu on the menu bar before Help, with two items at its end",
+      "title": "It puts the MX group's first menu on the menu bar before Help, with two items at its end (the group's first menu, whichever it is: kept on purpose, as MX products have always seen it)",
       "call": "addMenuToMenuBar",
       "args": {
         "groupName": "MX",
@@ -288,7 +288,7 @@ constexpr const char* kDemoScenario = R"json({
       "expect": { "result": true }
     },
     {
-      "title": "The removal starts one item before the entries: the separator, &Tangent and &Quadrant go, No&de stays",
+      "title": "The removal starts one item before the entries (kept on purpose, as MX products have always seen it): the separator, &Tangent and &Quadrant go, No&de stays",
       "expectHost": {
         "/menuGroups/1/menus/0/items/9/label": "&Osnap Settings...",
         "/menuGroups/1/menus/0/items/10/label": "No&de",

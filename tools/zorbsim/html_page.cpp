@@ -68,6 +68,8 @@ li.separator.added, li.separator.removed { border-top-width: 3px; }
 .toolbar.floating > .grip { grid-row: 1; grid-column: 1 / -1; border-right: 0; border-bottom: 1px solid var(--line); }
 .toolbar.hidden { border-style: dashed; color: #8c959f; }
 .toolbar.floating:hover { z-index: 5; }
+.parked { border-top: 1px solid var(--line); background: #f6f8fa; font-size: 12px; align-items: center; }
+.parked .toolbar.floating { position: static; }
 .badge { display: inline-block; font-size: 10px; padding: 0 4px; border-radius: 3px; background: #57606a; color: #fff; margin-left: 4px; }
 .button { display: inline-block; border: 1px solid var(--line); background: #fff; padding: 1px 6px; border-radius: 3px; white-space: nowrap; }
 .button .flyout-to { color: #0969da; font-size: 10px; margin-left: 3px; }

@@ -38,8 +38,8 @@ void writeHostCalls(std::ostream& out, const StepResult& result)
     }
     out << "<details class=\"fold\"><summary>" << count << (count == 1 ? " host call" : " host calls")
         << "</summary><ol>";
-    for (const sim::JournalEntry& entry : result.hostCalls)
-        out << "<li><code>" << escape(sim::formatJournalLine(entry)) << "</code></li>";
+    for (const HostCall& call : result.hostCalls)
+        out << "<li><code>" << escape(hostCallLine(call)) << "</code></li>";
     out << "</ol></details>\n";
 }
 

@@ -72,7 +72,9 @@ std::string windowToolbarHtml(const NodeVersions<sim::Toolbar>& toolbar)
     std::string html = std::string("<div class=\"toolbar") + (floating ? " floating" : "") +
                        (shown.visible ? "" : " hidden") + mark + "\" data-name=\"" + escape(shown.name) +
                        "\"";
-    if (floating) {
+    // A hidden floating toolbar stands in line with the others hidden, its place in its hover text:
+    // at their places they would lie on top of each other.
+    if (floating && shown.visible) {
         // Half the host's screen place, so that the usual places fit the drawing area.
         html += " style=\"left:" + std::to_string(shown.left / 2) +
                 "px;top:" + std::to_string(shown.top / 2) +
@@ -97,8 +99,9 @@ bool sameToolbar(const std::shared_ptr<sim::Toolbar>& a, const std::shared_ptr<s
 std::string windowToolbarsHtml(const sim::HostState& before, const sim::HostState& after,
                                const std::string& drawing)
 {
-    // By dock status: top, bottom, left, right, floating.
+    // By dock status: top, bottom, left, right, floating; and the hidden floating ones.
     std::array<std::string, 5> areas;
+    std::string hiddenFloating;
     for (const auto& group : alignLists(before.menuGroups, after.menuGroups, sameGroup)) {
         if (!group.shown())
             continue;
@@ -108,16 +111,22 @@ std::string windowToolbarsHtml(const sim::HostState& before, const sim::HostStat
             if (group.change == Change::added || group.change == Change::removed)
                 toolbar.change = group.change;
             const long dockStatus = toolbar.shown() ? toolbar.shown()->dockStatus : -1;
-            if (dockStatus >= 0 && dockStatus < static_cast<long>(areas.size()))
+            if (dockStatus == sim::kDockFloating && !toolbar.shown()->visible)
+                hiddenFloating += windowToolbarHtml(toolbar);
+            else if (dockStatus >= 0 && dockStatus < static_cast<long>(areas.size()))
                 areas[dockStatus] += windowToolbarHtml(toolbar);
         }
     }
     return "<div class=\"dock dock-top\">" + areas[0] +
            "</div><div class=\"middle\"><div class=\"dock dock-left\">" + areas[2] +
            "</div><div class=\"drawing\">" + drawing + "<div class=\"canvas\">" + areas[4] +
-           "<span class=\"canvas-note\">floating toolbars at half their place</span></div></div>"
-           "<div class=\"dock dock-right\">" +
-           areas[3] + "</div></div><div class=\"dock dock-bottom\">" + areas[1] + "</div>";
+           "<span class=\"canvas-note\">floating toolbars at half their place</span></div>" +
+           (hiddenFloating.empty()
+                ? std::string()
+                : "<div class=\"dock parked\"><span class=\"muted\">hidden, floating:</span>" +
+                      hiddenFloating + "</div>") +
+           "</div><div class=\"dock dock-right\">" + areas[3] +
+           "</div></div><div class=\"dock dock-bottom\">" + areas[1] + "</div>";
 }
 
 std::string toolbarEntryHtml(const NodeVersions<sim::Toolbar>& toolbar)

@@ -1,6 +1,6 @@
 #include "json_values.h"
 
-#include "automation_failure.h"
+#include "sim/journal.h"
 #include "sim/utf8.h"
 
 #include <algorithm>
@@ -49,12 +49,6 @@ long long readWholeNumber(const nlohmann::json& value, const InputPlace& place, 
 
 }  // namespace
 
-long readLong(const nlohmann::json& value, const InputPlace& place)
-{
-    return static_cast<long>(
-        readWholeNumber(value, place, std::numeric_limits<long>::min(), std::numeric_limits<long>::max()));
-}
-
 std::int32_t readInt32(const nlohmann::json& value, const InputPlace& place)
 {
     return static_cast<std::int32_t>(readWholeNumber(value, place, std::numeric_limits<std::int32_t>::min(),
@@ -70,9 +64,10 @@ double readDouble(const nlohmann::json& value, const InputPlace& place)
 
 HRESULT readStatusCode(const nlohmann::json& value, const InputPlace& place)
 {
-    const auto status = value.is_string() ? parseHexStatus(value.get<std::string>()) : std::nullopt;
+    // The host's own reader, so that a scenario names statuses as its faults and states do.
+    const auto status = value.is_string() ? sim::statusNamed(value.get<std::string>()) : std::nullopt;
     if (!status)
-        place.fail("expected a status code in hex, such as \"0x80004005\"");
+        place.fail("expected a status name such as \"E_FAIL\" or a code in hex such as \"0x80004005\"");
     return *status;
 }
 

@@ -16,12 +16,10 @@ namespace zorbsim {
 std::string readString(const nlohmann::json& value, const InputPlace& place);
 std::wstring readWideString(const nlohmann::json& value, const InputPlace& place);
 bool readBoolean(const nlohmann::json& value, const InputPlace& place);
-// A whole number that fits a `long` of this build (32 bits on Windows).
-long readLong(const nlohmann::json& value, const InputPlace& place);
 // A whole number of 32 bits on every build.
 std::int32_t readInt32(const nlohmann::json& value, const InputPlace& place);
 double readDouble(const nlohmann::json& value, const InputPlace& place);
-// A status code in hex, "0x80004005".
+// A status code, by the host's name for it ("E_ACCESSDENIED") or in hex ("0x80070005").
 HRESULT readStatusCode(const nlohmann::json& value, const InputPlace& place);
 
 // The member `key` of an object; fails at `place` when the object lacks it.

@@ -2,6 +2,19 @@
 
 namespace zorbsim {
 
+const char* directionName(Direction direction)
+{
+    switch (direction) {
+    case Direction::in:
+        return "in";
+    case Direction::out:
+        return "out";
+    case Direction::inOut:
+        break;
+    }
+    return "in/out";
+}
+
 Operation::Operation(std::string className, std::string name, std::vector<ParameterInfo> parameters,
                      std::optional<ResultInfo> result, Binder binder)
     : m_className(std::move(className)),
@@ -31,7 +44,8 @@ std::string Operation::signature() const
 {
     std::string text = qualifiedName() + "(";
     for (const ParameterInfo& parameter : m_parameters)
-        text += (&parameter == &m_parameters.front() ? "" : ", ") + parameter.name + ": " + parameter.kind;
+        text += (&parameter == &m_parameters.front() ? "" : ", ") + parameter.name + ": " +
+                directionName(parameter.direction) + " " + parameter.kind;
     text += ")";
     if (m_result)
         text += " -> " + m_result->kind;
@@ -55,7 +69,7 @@ BoundCall Operation::bind(const nlohmann::json& arguments, const InputPlace& pla
     for (const ParameterInfo& parameter : m_parameters) {
         if (named.contains(parameter.name))
             continue;
-        if (!parameter.isOutput)
+        if (parameter.isInput())
             place.fail("missing argument \"" + parameter.name + "\" of " + signature());
         named[parameter.name] = parameter.startingValue;
     }

@@ -16,12 +16,23 @@ namespace zorbsim {
 
 using CheckValue = std::function<void(const nlohmann::json& value, const InputPlace& place)>;
 
+// How an operation uses a parameter: an input is read only and must be given; an output is written
+// only and starts from its starting value unless given one; an in/out one is read and written, so it
+// must be given and its value after the call is reported.
+enum class Direction { in, out, inOut };
+
+// "in", "out", "in/out", as `zorbsim ops` shows them.
+const char* directionName(Direction direction);
+
 struct ParameterInfo {
-    std::string name;        // as in the operation's signature
-    std::string kind;        // "string", "output string", "string array" ...
-    bool isOutput = false;
+    std::string name;  // as in the operation's signature
+    std::string kind;  // "string", "long", "string array" ...
+    Direction direction = Direction::in;
     nlohmann::json startingValue;  // what an output starts from when the scenario gives none
-    CheckValue checkOutcome;       // outputs: a value the scenario expects after the call
+    CheckValue checkOutcome;       // outputs and in/out: a value the scenario expects after the call
+
+    bool isInput() const { return direction != Direction::out; }
+    bool isOutput() const { return direction != Direction::in; }
 };
 
 struct ResultInfo {
@@ -32,7 +43,8 @@ struct ResultInfo {
 };
 
 // What a call gave back: its result (none for operations returning nothing, and after a call that
-// raised) and the values of its output parameters, in signature order, as the call left them.
+// raised) and the values of its output and in/out parameters, in signature order, as the call left
+// them.
 struct CallOutcome {
     std::optional<nlohmann::json> result;
     std::vector<std::pair<std::string, nlohmann::json>> outputs;
@@ -75,13 +87,14 @@ public:
     // The same operation, declared to keep its application reference.
     Operation keepingApplicationReference() &&;
 
-    // "ZORBAppUtilities::getHatchFilePath(valueName: string, path: output string) -> bool"
+    // "ZORBAppUtilities::getHatchFilePath(valueName: in string, path: out string) -> bool"
     std::string signature() const;
 
-    // Takes a scenario's "args" (null when absent): every input must be given, outputs start from
-    // their starting value unless given one. Unknown, missing or mistyped arguments fail at `place`.
-    // The values are converted here, before any fault of the host is armed, so that a fault that
-    // fails the n-th string allocation counts the module's allocations only.
+    // Takes a scenario's "args" (null when absent): every input and in/out parameter must be
+    // given, outputs start from their starting value unless given one. Unknown, missing or
+    // mistyped arguments fail at `place`. The values are converted here, before any fault of the
+    // host is armed, so that a fault that fails the n-th string allocation counts the module's
+    // allocations only.
     BoundCall bind(const nlohmann::json& arguments, const InputPlace& place) const;
 
 private:

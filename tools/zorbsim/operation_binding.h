@@ -5,26 +5,56 @@
 #include "argument_kinds.h"
 #include "operation.h"
 
-#include <array>
 #include <functional>
 #include <memory>
+#include <optional>
+#include <stdexcept>
 #include <string>
 #include <tuple>
 #include <type_traits>
 #include <utility>
 
 namespace zorbsim {
+
+// A parameter's name in the table, with its direction where the signature alone does not tell it:
+// a reference parameter is an output unless declared an input or in/out here.
+struct ParameterName {
+    // Implicit, so that the table names most parameters bare.
+    ParameterName(const char* parameterName) : name(parameterName) {}
+    const char* name;
+    std::optional<Direction> direction;
+};
+
+// A reference parameter the operation only reads.
+inline ParameterName input(const char* name)
+{
+    ParameterName parameter(name);
+    parameter.direction = Direction::in;
+    return parameter;
+}
+
+// A reference parameter the operation reads and may write.
+inline ParameterName inOut(const char* name)
+{
+    ParameterName parameter(name);
+    parameter.direction = Direction::inOut;
+    return parameter;
+}
+
 namespace binding {
 
 template <class Parameter>
-ParameterInfo describeParameter(const char* name)
+ParameterInfo describeParameter(const ParameterName& name)
 {
     using Kind = ArgumentKind<Parameter>;
     ParameterInfo info;
-    info.name = name;
+    info.name = name.name;
     info.kind = Kind::name;
-    info.isOutput = Kind::isOutput;
-    if constexpr (Kind::isOutput) {
+    info.direction = Kind::isWritable ? name.direction.value_or(Direction::out) : Direction::in;
+    // A value or constant parameter cannot give anything back, whatever the table says.
+    if (!Kind::isWritable && name.direction.value_or(Direction::in) != Direction::in)
+        throw std::logic_error(std::string("parameter ") + name.name + " cannot be written by the call");
+    if constexpr (Kind::isWritable) {
         info.startingValue = Kind::write(typename Kind::Held());
         info.checkOutcome = &Kind::checkOutcome;
     }
@@ -52,10 +82,11 @@ std::optional<ResultInfo> describeResult()
 }
 
 template <class Parameter>
-void collectOutput(CallOutcome& outcome, const std::string& name, const typename ArgumentKind<Parameter>::Held& held)
+void collectOutput(CallOutcome& outcome, const ParameterInfo& parameter,
+                   const typename ArgumentKind<Parameter>::Held& held)
 {
-    if constexpr (ArgumentKind<Parameter>::isOutput)
-        outcome.outputs.emplace_back(name, ArgumentKind<Parameter>::write(held));
+    if (parameter.isOutput())
+        outcome.outputs.emplace_back(parameter.name, ArgumentKind<Parameter>::write(held));
 }
 
 // Reads the arguments in signature order. The call works on a copy of the values, so that it
@@ -63,17 +94,19 @@ void collectOutput(CallOutcome& outcome, const std::string& name, const typename
 // are collected also when the call raises: a caller's variables keep what the call wrote before.
 template <class Result, class... Parameters, std::size_t... I>
 std::function<void(CallOutcome&)> bind(Result (*function)(Parameters...),
-                                  const std::array<std::string, sizeof...(Parameters)>& names,
+                                  std::shared_ptr<const std::vector<ParameterInfo>> parameters,
                                   [[maybe_unused]] const nlohmann::json& arguments,
                                   [[maybe_unused]] const InputPlace& place, std::index_sequence<I...>)
 {
     using Values = std::tuple<typename ArgumentKind<Parameters>::Held...>;
-    auto values = std::make_shared<const Values>(
-        Values{ArgumentKind<Parameters>::read(arguments.at(names[I]), place / names[I])...});
-    return [function, names, values](CallOutcome& outcome) {
-        (void)names;  // an operation without parameters names none
+    auto values = std::make_shared<const Values>(Values{ArgumentKind<Parameters>::read(
+        arguments.at((*parameters)[I].name), place / (*parameters)[I].name)...});
+    return [function, parameters, values](CallOutcome& outcome) {
+        (void)parameters;  // an operation without parameters names none
         Values held = *values;
-        const auto collectOutputs = [&] { (collectOutput<Parameters>(outcome, names[I], std::get<I>(held)), ...); };
+        const auto collectOutputs = [&] {
+            (collectOutput<Parameters>(outcome, (*parameters)[I], std::get<I>(held)), ...);
+        };
         try {
             if constexpr (std::is_void_v<Result>)
                 function(ArgumentKind<Parameters>::pass(std::get<I>(held))...);
@@ -98,11 +131,12 @@ Operation bindOperation(const char* className, const char* name, Result (*functi
                         Names... parameterNames)
 {
     static_assert(sizeof...(Names) == sizeof...(Parameters), "name every parameter of the operation");
-    std::vector<ParameterInfo> parameters{binding::describeParameter<Parameters>(parameterNames)...};
-    const std::array<std::string, sizeof...(Parameters)> names{parameterNames...};
-    return Operation(className, name, std::move(parameters), binding::describeResult<Result>(),
-                     [function, names](const nlohmann::json& arguments, const InputPlace& place) {
-                         return binding::bind(function, names, arguments, place, std::index_sequence_for<Parameters...>{});
+    auto parameters = std::make_shared<const std::vector<ParameterInfo>>(
+        std::vector<ParameterInfo>{binding::describeParameter<Parameters>(ParameterName(parameterNames))...});
+    return Operation(className, name, *parameters, binding::describeResult<Result>(),
+                     [function, parameters](const nlohmann::json& arguments, const InputPlace& place) {
+                         return binding::bind(function, parameters, arguments, place,
+                                              std::index_sequence_for<Parameters...>{});
                      });
 }
 

@@ -1,5 +1,6 @@
 #include "operations.h"
 
+#include "nearest_name.h"
 #include "operation_binding.h"
 
 #include "CADPlotUtilities.h"
@@ -54,7 +55,8 @@ const std::vector<Operation>& operationTable()
         bindOperation("ZORBAppUtilities", "removeMenuItemsFromSnapMenu",
                       &ZORBAppUtilities::removeMenuItemsFromSnapMenu, "labels", "positionFromEnd"),
         bindOperation("ZORBAppUtilities", "showHideToolbar", &ZORBAppUtilities::showHideToolbar, "show",
-                      "groupName", "toolbarName", "left", "top", "dockStatus", "floatingRows"),
+                      input("groupName"), input("toolbarName"), inOut("left"), inOut("top"),
+                      inOut("dockStatus"), inOut("floatingRows")),
         bindOperation("ZORBAppUtilities", "isToolbarVisible", &ZORBAppUtilities::isToolbarVisible, "groupName",
                       "toolbarName"),
         bindOperation("ZORBAppUtilities", "attachToolbarToFlyout", &ZORBAppUtilities::attachToolbarToFlyout,
@@ -88,8 +90,14 @@ const Operation& findOperation(const std::string& name, const InputPlace& place)
     }
     if (matches.size() == 1)
         return *matches.front();
-    if (matches.empty())
-        place.fail("unknown operation \"" + name + "\" (`zorbsim ops` lists them)");
+    if (matches.empty()) {
+        std::vector<std::string> names;
+        for (const Operation& operation : operationTable())
+            names.push_back(qualified ? operation.qualifiedName() : operation.name());
+        const std::optional<std::string> meant = nearestName(name, names);
+        place.fail("unknown operation \"" + name + "\"" + (meant ? "; did you mean \"" + *meant + "\"?" : "") +
+                   " (`zorbsim ops` lists them)");
+    }
     std::string candidates;
     for (const Operation* operation : matches)
         candidates += (candidates.empty() ? "" : " or ") + operation->qualifiedName();

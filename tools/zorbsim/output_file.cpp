@@ -36,6 +36,11 @@ std::string whyNotWritable(const OutputTarget& target)
     // A link, a device or a folder there would be replaced or followed: only files are written.
     if (status.type() != fs::file_type::not_found && status.type() != fs::file_type::regular)
         return path + ": not a regular file, so " + target.option + " does not replace it";
+    // One slip of the tab key must not cost the scenario: an input is never written over.
+    for (const InputFile& input : target.inputs) {
+        if (fs::equivalent(path, input.path, error))
+            return path + ": " + input.role + ", so " + target.option + " does not write over it";
+    }
     const fs::path folder = fs::path(path).parent_path();
     if (!folder.empty() && !fs::is_directory(folder, error))
         return path + ": the folder " + folder.string() + " does not exist";

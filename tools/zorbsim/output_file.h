@@ -4,6 +4,7 @@
 
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 namespace zorbsim {
 
@@ -14,16 +15,23 @@ public:
     using std::runtime_error::runtime_error;
 };
 
+// A file the command reads: what it is ("the scenario being run"), for messages.
+struct InputFile {
+    std::string path;
+    std::string role;
+};
+
 // Where one of zorbsim's outputs goes: the option that named it, the path, and what it holds ("the
-// host state"), for messages.
+// host state"), for messages; and the command's inputs, which it must never replace.
 struct OutputTarget {
     std::string option;
     std::string path;
     std::string contents;
+    std::vector<InputFile> inputs;
 };
 
-// Whether the target may be written: it names a regular file or none, in an existing folder.
-// Throws an InputError saying why not.
+// Whether the target may be written: it names a regular file or none, in an existing folder, and
+// none of the inputs under any spelling. Throws an InputError saying why not.
 void checkOutputTarget(const OutputTarget& target);
 
 // Written to a temporary file of its own beside the target (created exclusively, so two runs never

@@ -48,8 +48,12 @@ void addCall(Json& report, const CallStep& call, const StepResult& result, bool 
     }
     if (trace) {
         Json calls = Json::array();
-        for (const sim::JournalEntry& entry : result.hostCalls)
-            calls.push_back(sim::journalEntryToJson(entry));
+        for (const HostCall& hostCall : result.hostCalls) {
+            Json entry = sim::journalEntryToJson(hostCall.entry);
+            if (!hostCall.failureDescription.empty())
+                entry["description"] = hostCall.failureDescription;
+            calls.push_back(std::move(entry));
+        }
         report["hostCalls"] = std::move(calls);
     }
 }

@@ -25,6 +25,12 @@ std::string displayValue(const json& value)
     return value.dump();
 }
 
+std::string hostCallLine(const HostCall& call)
+{
+    const std::string line = sim::formatJournalLine(call.entry);
+    return call.failureDescription.empty() ? line : line + ": " + call.failureDescription;
+}
+
 std::string callLine(const CallStep& call)
 {
     const Operation& operation = *call.operation;

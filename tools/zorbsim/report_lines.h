@@ -16,6 +16,10 @@ namespace zorbsim {
 // inside arrays and objects, whose member names stand bare.
 std::string displayValue(const nlohmann::json& value);
 
+// The trace line of a host call, with the description the host gave when it failed:
+// "HostDocuments.Open(...) on HostDocuments -> HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND): drawing ..."
+std::string hostCallLine(const HostCall& call);
+
 // "ZORBAppUtilities::getHatchFilePath(valueName: \"HatchFile\", path: \"\")"
 std::string callLine(const CallStep& call);
 // "-> true; path = \"zorb.pat\"", "-> automation failure ...", then the references kept or leaked.

@@ -26,8 +26,8 @@ void printHostCalls(std::ostream& out, const StepResult& result)
         return;
     }
     out << "  host calls:\n";
-    for (const sim::JournalEntry& entry : result.hostCalls)
-        out << "    " << sim::formatJournalLine(entry) << "\n";
+    for (const HostCall& call : result.hostCalls)
+        out << "    " << hostCallLine(call) << "\n";
 }
 
 }  // namespace

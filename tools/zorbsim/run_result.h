@@ -34,6 +34,13 @@ struct ExpectationResult {
     bool passed = false;
 };
 
+// A host call as the run saw it: the journal's entry and, for a failed call on a host object, the
+// description the host gave with the failure (what a script reads in Err.Description).
+struct HostCall {
+    sim::JournalEntry entry;
+    std::string failureDescription;  // empty when the call succeeded or the host gave none
+};
+
 struct StepResult {
     const Step* step = nullptr;
     // Calls: the outcome, with the outputs as the call left them and a result unless it raised; and
@@ -41,7 +48,7 @@ struct StepResult {
     std::optional<CallOutcome> outcome;
     std::optional<AutomationFailure> failure;
     std::optional<std::string> otherException;  // anything but an automation failure escaped the module
-    std::vector<sim::JournalEntry> hostCalls;
+    std::vector<HostCall> hostCalls;
     // Host references the call left held: those the operation keeps by design, and the rest.
     long referencesKept = 0;
     long referencesLeaked = 0;

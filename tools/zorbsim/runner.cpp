@@ -5,20 +5,56 @@
 
 #include "sim/host.h"
 #include "sim/state_json.h"
+#include "sim/utf8.h"
 
 #include <algorithm>
 #include <exception>
 #include <memory>
+#include <string>
 #include <type_traits>
 
 namespace zorbsim {
 namespace {
+
+// The description of the error information a failed host call on an object has just left, put back
+// at once so that the module finds it as it would have. Information seen before is a stale one that
+// the call did not replace, and is no description of it; it is held, so that its address cannot come
+// again for another.
+class FailureDescriptions {
+public:
+    std::string take(const sim::JournalEntry& entry)
+    {
+        if (SUCCEEDED(entry.status) || entry.object == "sdk")
+            return {};
+        IErrorInfo* raw = nullptr;
+        if (GetErrorInfo(0, &raw) != S_OK)
+            return {};
+        IErrorInfoPtr info(raw, false);
+        SetErrorInfo(0, info);
+        if (info == m_lastSeen)
+            return {};
+        m_lastSeen = info;
+        BSTR description = nullptr;
+        if (FAILED(info->GetDescription(&description)) || description == nullptr)
+            return {};
+        const _bstr_t owned(description, false);
+        return sim::text::toUtf8(std::wstring_view(static_cast<const wchar_t*>(owned), owned.length()));
+    }
+
+private:
+    IErrorInfoPtr m_lastSeen;
+};
 
 void runCall(sim::Host& host, const CallStep& call, HostCalls hostCalls, StepResult& result)
 {
     host.journal().clear();
     const long referencesBefore = host.referencesHeld();
     const CoreLibraryWatch coreLibrary;
+    std::vector<std::string> descriptions;
+    FailureDescriptions failures;
+    if (hostCalls != HostCalls::dropped)
+        host.journal().setObserver(
+            [&](const sim::JournalEntry& entry) { descriptions.push_back(failures.take(entry)); });
     CallOutcome& outcome = result.outcome.emplace();
     try {
         call.bound.call(outcome);
@@ -32,8 +68,12 @@ void runCall(sim::Host& host, const CallStep& call, HostCalls hostCalls, StepRes
     catch (...) {
         result.otherException = "an exception of unknown type";
     }
-    if (hostCalls != HostCalls::dropped)
-        result.hostCalls = host.journal().entries();
+    if (hostCalls != HostCalls::dropped) {
+        host.journal().setObserver(nullptr);
+        const std::vector<sim::JournalEntry>& entries = host.journal().entries();
+        for (std::size_t i = 0; i < entries.size(); ++i)
+            result.hostCalls.push_back({entries[i], std::move(descriptions[i])});
+    }
     const long referencesLeft = host.referencesHeld() - referencesBefore;
     result.referencesKept = call.operation->keepsApplicationReference() ? std::min(referencesLeft, 1L) : 0;
     result.referencesLeaked = referencesLeft - result.referencesKept;

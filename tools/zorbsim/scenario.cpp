@@ -44,6 +44,7 @@ void readHost(const json& document, const InputPlace& root, const std::string& f
             place.fail(error.what());  // the host file's own place follows the scenario's
         }
         scenario.hostDescription = path;
+        scenario.inputFiles.push_back({path, "the host state the scenario names"});
     }
     else {
         place.fail("expected a host state object, or the path of a host state file");
@@ -87,7 +88,7 @@ CallExpectations readCallExpectations(const json& expect, const Operation& opera
         for (const auto& output : outputs.items()) {
             const ParameterInfo* parameter = operation.findParameter(output.key());
             const InputPlace outputPlace = place / "outputs" / output.key();
-            if (parameter == nullptr || !parameter->isOutput)
+            if (parameter == nullptr || !parameter->isOutput())
                 outputPlace.fail("not an output parameter of " + operation.signature());
             json value = expectedOutput(output.value(), outputPlace);
             parameter->checkOutcome(value, outputPlace);
@@ -206,7 +207,9 @@ Scenario parseScenario(const json& document, const std::string& name, const std:
 
 Scenario loadScenarioFile(const std::string& path)
 {
-    return parseScenario(readJsonFile(path), path, std::filesystem::path(path).parent_path().string());
+    Scenario scenario = parseScenario(readJsonFile(path), path, std::filesystem::path(path).parent_path().string());
+    scenario.inputFiles.push_back({path, "the scenario being run"});
+    return scenario;
 }
 
 }  // namespace zorbsim

@@ -4,6 +4,7 @@
 
 #include "automation.h"
 #include "operation.h"
+#include "output_file.h"
 
 #include "sim/faults.h"
 #include "sim/model.h"
@@ -57,6 +58,8 @@ struct Scenario {
     std::string name;             // the file, or "built-in demo"
     std::string description;      // optional, for the report
     std::string hostDescription;  // "built-in default host", "inline", or the state file
+    // The scenario's file and the host state file it names, which no output may replace.
+    std::vector<InputFile> inputFiles;
     sim::HostState host;
     std::vector<Step> steps;
 };

@@ -1,5 +1,6 @@
 #include "type_info_object.h"
 
+#include "member_call.h"
 #include "type_descriptions.h"
 #include "type_text.h"
 
@@ -348,9 +349,28 @@ HRESULT TypeInfoObject::GetIDsOfNames(LPOLESTR* names, UINT count, MEMBERID* ids
     return DISP_E_UNKNOWNNAME;
 }
 
-HRESULT TypeInfoObject::Invoke(PVOID, MEMBERID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*)
+// The first function of this type's own of that id and a way of calling `flags` allows, else one
+// of the type it derives from. Restricted members are not called late, except those numbered
+// below zero (_NewEnum).
+HRESULT TypeInfoObject::Invoke(PVOID instance, MEMBERID member, WORD flags, DISPPARAMS* parameters,
+                               VARIANT* result, EXCEPINFO* exception, UINT* argumentError)
 {
-    return E_NOTIMPL;
+    if ((m_type.flags & TYPEFLAG_FRESTRICTED) != 0)
+        return DISP_E_MEMBERNOTFOUND;
+    if (instance == nullptr || parameters == nullptr || parameters->cNamedArgs > parameters->cArgs)
+        return E_INVALIDARG;
+    for (const FunctionModel& function : m_type.functions) {
+        const bool restricted = (function.flags & FUNCFLAG_FRESTRICTED) != 0 && function.id >= 0;
+        if (function.id == member && (function.invokeKind & flags) != 0 && !restricted)
+            return invokeFunction(this, function, m_library.pointerSize(), instance, flags, *parameters, result,
+                                  exception, argumentError);
+    }
+    if (!m_type.implemented.empty() && (m_face == TKIND_INTERFACE || m_face == TKIND_DISPATCH)) {
+        BaseType baseInfo;
+        if (SUCCEEDED(base(baseInfo)))
+            return baseInfo.info->Invoke(instance, member, flags, parameters, result, exception, argumentError);
+    }
+    return DISP_E_MEMBERNOTFOUND;
 }
 
 HRESULT TypeInfoObject::GetDocumentation(MEMBERID member, BSTR* name, BSTR* docString, DWORD* helpContext,

@@ -10,8 +10,17 @@
 
 #include <chrono>
 #include <memory>
+#include <string>
+#include <vector>
 
 namespace sim {
+
+// A host object that callers hold references on.
+struct HeldObject {
+    std::string object;   // as the journal names it: "HostMenuGroup 'MX'"
+    long references = 0;  // held by callers
+    std::string givenBy;  // the host call that last gave out a reference on it: "CWinApp.GetIDispatch"
+};
 
 class SIM_API Host {
 public:
@@ -37,6 +46,8 @@ public:
 
     // References that callers hold on host objects now (zero when every object was released).
     long referencesHeld() const;
+    // The objects they are held on, newest first; their references add up to referencesHeld().
+    std::vector<HeldObject> heldObjects() const;
 
     // Lets go of `count` references that callers took on the host application and kept (zoomWindow
     // keeps one by design), as the host itself does when it shuts down. No host call is made, so

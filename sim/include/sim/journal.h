@@ -73,5 +73,7 @@ SIM_API std::string formatJournalLine(const JournalEntry& entry);
 SIM_API std::string typedMethodOf(const JournalEntry& entry);
 SIM_API std::string variantTypeName(VARTYPE type);  // "VT_I4", "VT_ARRAY|VT_BSTR", ...
 SIM_API std::string statusName(HRESULT status);     // "S_OK", "E_FAIL", else "0x80040205"
+// The status a name of statusName's or a hex code ("0x80040205") stands for; none for other text.
+SIM_API std::optional<HRESULT> statusNamed(const std::string& name);
 
 }  // namespace sim

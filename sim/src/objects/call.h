@@ -40,6 +40,7 @@ public:
 
     Call(HostCore& core, const CallSubject& subject, const char* method,
          std::initializer_list<Arg> arguments = {}, WhenGone whenGone = WhenGone::fails);
+    ~Call() { m_core.callUnderWay = m_outerCall; }
     Call(const Call&) = delete;
     Call& operator=(const Call&) = delete;
 
@@ -85,6 +86,7 @@ private:
 
     HostCore& m_core;
     const CallSubject& m_subject;
+    const char* m_outerCall;  // the call under way when this one came, which it interrupts
     JournalEntry m_entry;
     bool m_recording = false;
     bool m_lateBound = false;

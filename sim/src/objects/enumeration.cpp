@@ -12,7 +12,7 @@ class EnumerationObject final : public IEnumVARIANT, public CallSubject {
 public:
     EnumerationObject(std::shared_ptr<HostCore> core, IUnknown* collection, const CallSubject& named,
                       EnumerableCollection& members, size_t position)
-        : m_core(std::move(core)), m_references(*m_core), m_collection(collection), m_named(named),
+        : m_core(std::move(core)), m_references(*m_core, *this), m_collection(collection), m_named(named),
           m_members(members), m_position(position)
     {
     }

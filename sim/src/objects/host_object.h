@@ -64,7 +64,10 @@ public:
     }
 
 protected:
-    explicit HostObject(std::shared_ptr<HostCore> core) : m_core(std::move(core)), m_references(*m_core) {}
+    explicit HostObject(std::shared_ptr<HostCore> core)
+        : m_core(std::move(core)), m_references(*m_core, *this)
+    {
+    }
     virtual ~HostObject() = default;
 
     // The interface's name, which starts the object's journal name.

@@ -4,6 +4,9 @@
 
 #include "host_core.h"
 #include "objects/call.h"
+#include "sim/host.h"
+
+#include <optional>
 
 namespace sim::detail {
 
@@ -11,10 +14,13 @@ namespace sim::detail {
 // releases and the host is still installed.
 void journalRelease(HostCore& core, const CallSubject& object, const char* interfaceName);
 
-// One object's count of references, which starts at the one its maker gives the caller.
+// One object's count of references, which starts at the one its maker gives the caller. Every count
+// of a host is linked into its core's list while the object lives, with the host call that last
+// gave out a reference on it, so that a report can say who holds what.
 class HostReferenceCount {
 public:
-    explicit HostReferenceCount(HostCore& core) : m_core(core) { ++m_core.references; }
+    HostReferenceCount(HostCore& core, const CallSubject& object);
+    ~HostReferenceCount();
     // A copy would count references no caller holds.
     HostReferenceCount(const HostReferenceCount&) = delete;
     HostReferenceCount& operator=(const HostReferenceCount&) = delete;
@@ -22,6 +28,8 @@ public:
     ULONG add()
     {
         ++m_core.references;
+        if (m_core.callUnderWay != nullptr)
+            m_givenBy = m_core.callUnderWay;
         return ++m_count;
     }
 
@@ -36,9 +44,23 @@ public:
         return --m_count;
     }
 
+    // The one reference the host itself keeps on the object (the framework object's on the
+    // application), which no caller holds.
+    void keepForHost();
+    void letGoForHost();
+
+    // What the callers hold on the object, or none when they hold no reference.
+    std::optional<HeldObject> heldByCallers() const;
+    const HostReferenceCount* next() const { return m_next; }
+
 private:
     HostCore& m_core;
+    const CallSubject& m_object;
     ULONG m_count = 1;
+    long m_keptByHost = 0;
+    const char* m_givenBy;  // the call under way when the object was made, or the last to add a reference
+    HostReferenceCount* m_previous = nullptr;
+    HostReferenceCount* m_next = nullptr;
 };
 
 }  // namespace sim::detail

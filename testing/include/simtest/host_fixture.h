@@ -16,6 +16,7 @@
 
 #include "simtest/faults.h"
 #include "simtest/leftovers.h"
+#include "simtest/printers.h"
 
 #include "sim/faults.h"
 #include "sim/host.h"
@@ -36,8 +37,10 @@ protected:
     HostFixture();
     // A host arranged in code (start from sim::defaultHostState() and change what the test needs).
     explicit HostFixture(sim::HostState state);
-    // A host state file (JSON, as `zorbsim state` prints it). A file that cannot be read or is not
-    // a host state fails the test with the reason, naming the file.
+    // A host state file (JSON, as `zorbsim state` prints it); a relative path is taken from the
+    // folder the test runs in (CTest's WORKING_DIRECTORY, else the build folder). A file that cannot
+    // be read or is not a host state fails the test with the reason, naming the file and, for a
+    // relative path, that folder.
     explicit HostFixture(const std::string& stateFile);
     ~HostFixture() override;
 

@@ -13,7 +13,8 @@ public:
     // the contract reports.
     explicit Leftovers(const sim::Host& host);
 
-    // Adds a GoogleTest failure for each kind of leftover found since construction.
+    // Adds a GoogleTest failure for each kind of leftover found since construction, placed at the
+    // running test; held references name each object, its count and the host call that gave it.
     void expectNone(const sim::Host& host) const;
 
 private:

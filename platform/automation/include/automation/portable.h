@@ -16,7 +16,6 @@
 #include "automation/enum_variant.h"
 #include "automation/type_info.h"
 #include "automation/type_lib.h"
-#include "automation/type_description.h"
 #include "automation/error_info.h"
 #include "automation/com_util.h"
 #include "automation/bstr_t.h"

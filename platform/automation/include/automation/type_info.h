@@ -296,8 +296,32 @@ inline constexpr const IID& IID_ITypeComp = __uuidof(ITypeComp);
 AUTOMATION_API void ClearCustData(CUSTDATA* data);
 
 // The type information's own GetIDsOfNames and Invoke, as the platform offers them to objects
-// whose IDispatch a type information describes.
+// whose IDispatch a type information describes. ITypeInfo::Invoke of a loaded interface (either
+// face of a dual one) calls the member through the instance's vtable with DispCallFunc, binding
+// and coercing the caller's arguments as the platform does; members of pure dispinterfaces, and
+// parameters that take the locale, a default value, a variable count or an [in] reference, are
+// not served (E_NOTIMPL).
 AUTOMATION_API HRESULT DispGetIDsOfNames(ITypeInfo* typeInfo, LPOLESTR* names, UINT count, DISPID* ids);
 AUTOMATION_API HRESULT DispInvoke(void* instance, ITypeInfo* typeInfo, DISPID member, WORD flags,
                                   DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* exception,
                                   UINT* argumentError);
+
+// An object whose IDispatch serves `instance` from `typeInfo` (which it holds a reference on):
+// one type information, names through DispGetIDsOfNames, calls through DispInvoke. `outer` is not
+// aggregated with, as on the platform. E_INVALIDARG for a null instance, type information or
+// `dispatch`, and for a reserved interface id other than IID_NULL.
+AUTOMATION_API HRESULT CreateStdDispatch(IUnknown* outer, void* instance, ITypeInfo* typeInfo, IUnknown** dispatch);
+
+// Calls the function in the vtable of `instance` at byte offset `vtableOffset` (with `instance`
+// as its first argument), or for a null instance the function at address `vtableOffset`, with
+// `count` arguments, the i-th read from *arguments[i] as types[i] whatever its own type, and puts
+// what the function returns in *result as `returnType` (VT_EMPTY: nothing). Arguments are passed
+// as this runtime's compiler passes them: integers (VT_I1 to VT_UI8, VT_INT, VT_UINT, VT_BOOL,
+// VT_ERROR, VT_CY) widened to 64 bits with their sign, VT_R4 as float, VT_R8 and VT_DATE as
+// double, strings, objects, arrays and VT_BYREF types as pointers, VT_VARIANT as the structure
+// by value; a VT_VARIANT result is the structure returned. E_INVALIDARG for a calling convention
+// other than CC_STDCALL and CC_CDECL, a VT_HRESULT result (a status is returned as VT_ERROR),
+// and null arrays or result; DISP_E_BADVARTYPE for a type it does not pass. The called
+// function's own status is what *result holds, not what this returns.
+AUTOMATION_API HRESULT DispCallFunc(void* instance, ULONG_PTR vtableOffset, CALLCONV convention, VARTYPE returnType,
+                                    UINT count, VARTYPE* types, VARIANTARG** arguments, VARIANT* result);

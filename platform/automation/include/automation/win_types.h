@@ -26,6 +26,7 @@ typedef long LONG;
 typedef unsigned long ULONG;
 typedef long long LONGLONG;
 typedef unsigned long long ULONGLONG;
+typedef std::uintptr_t ULONG_PTR;
 typedef float FLOAT;
 typedef double DOUBLE;
 
