@@ -35,5 +35,10 @@ function(mx_add_type_library target)
     COMMENT "Compiling ${ARG_IDL} into a type library"
     VERBATIM)
   add_custom_target(${target} ALL DEPENDS ${ARG_OUTPUT})
+  # An imported library is made by a command of another folder, which this folder's rules cannot
+  # name: its target must come first.
+  if(ARG_IMPORTS)
+    add_dependencies(${target} ${ARG_IMPORTS})
+  endif()
   set_target_properties(${target} PROPERTIES MX_IDL ${idl} MX_TYPE_LIBRARY ${ARG_OUTPUT})
 endfunction()
