@@ -1,5 +1,7 @@
 # What `cmake --install` puts in place: the libraries, zorbsim, the public headers under the names
 # the sources include them by, and the CMake package QRNExternalUtilities with namespaced targets.
+# The headers and member references imported from the host's and the simulator's type libraries
+# are installed where they are imported (host/CMakeLists.txt, sim/CMakeLists.txt).
 include(CMakePackageConfigHelpers)
 
 set(mx_package QRNExternalUtilities)
@@ -26,16 +28,6 @@ install(DIRECTORY
     ${PROJECT_SOURCE_DIR}/sim/include/
     ${PROJECT_SOURCE_DIR}/QRNRoots/Exp/
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
-# Where the host's interfaces are imported from its type library, the imported header takes the
-# place of the hand-written one, and the member reference goes with the documentation.
-if(MX_HOST_IMPORTED_HEADERS)
-  install(FILES ${MX_HOST_IMPORTED_HEADERS} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/host)
-  install(FILES ${MX_HOST_MEMBER_REFERENCE} DESTINATION ${CMAKE_INSTALL_DOCDIR})
-endif()
-if(MX_SIM_IMPORTED_HEADER)
-  install(FILES ${MX_SIM_IMPORTED_HEADER} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/sim)
-  install(FILES ${MX_SIM_MEMBER_REFERENCE} DESTINATION ${CMAKE_INSTALL_DOCDIR})
-endif()
 install(FILES
     ${PROJECT_SOURCE_DIR}/QRNExternalUtilities/ZORBAppUtilities.h
     ${PROJECT_SOURCE_DIR}/QRNExternalUtilities/CADPlotUtilities.h

@@ -8,11 +8,6 @@
 
 namespace sim::detail {
 
-// The calls that the dedicated fault kinds stand for, in journal form.
-inline constexpr const char* kGetFrameworkObject = "sdk.zbedGetZorbWinApp";
-inline constexpr const char* kGetDispatch = "CWinApp.GetIDispatch";
-inline constexpr const char* kQueryApplication = "HostApplication.QueryInterface";
-
 struct FaultVerdict {
     HRESULT failure = S_OK;  // a failed status the call must return
     bool giveNull = false;   // the call succeeds but gives no object

@@ -1,4 +1,5 @@
 #include "fault_plan.h"
+#include "host_methods.h"
 
 #include <cstring>
 
@@ -36,11 +37,11 @@ const char* methodOf(const Fault& fault)
     case FaultKind::answer:
         return fault.method.c_str();
     case FaultKind::noFrameworkObject:
-        return kGetFrameworkObject;
+        return undescribed::zbedGetZorbWinApp.name;
     case FaultKind::noDispatch:
-        return kGetDispatch;
+        return undescribed::getIDispatch.name;
     case FaultKind::refuseApplicationInterface:
-        return kQueryApplication;
+        return undescribed::queryApplication.name;
     case FaultKind::failStringAllocation:
     case FaultKind::failVariantCopy:
         return nullptr;  // counted by the automation runtime, not by calls

@@ -1,5 +1,6 @@
 #include "framework_app.h"
 
+#include "host_methods.h"
 #include "named_subject.h"
 #include "objects/host_references.h"
 #include "objects/objects.h"
@@ -38,7 +39,7 @@ long FrameworkApp::callerReferences() const
 IDispatch* FrameworkApp::automationDispatch()
 {
     static const NamedSubject subject("CWinApp");
-    Call call(*m_core, subject, kGetDispatch);
+    Call call(*m_core, subject, undescribed::getIDispatch.name);
     if (call.refused())
         return nullptr;
     if (m_application == nullptr) {

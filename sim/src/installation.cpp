@@ -1,5 +1,6 @@
 #include "installation.h"
 
+#include "host_methods.h"
 #include "named_subject.h"
 
 #include "MXSettings"
@@ -9,7 +10,7 @@ namespace sim::detail {
 const wchar_t* HostServices::getUserRegistryProductRootKey() const
 {
     static const NamedSubject subject("ZbDbHostApplicationServices");
-    Call call(m_core, subject, "ZbDbHostApplicationServices.getUserRegistryProductRootKey");
+    Call call(m_core, subject, undescribed::getUserRegistryProductRootKey.name);
     if (call.refused())
         return nullptr;
     call.succeed();

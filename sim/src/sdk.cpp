@@ -3,6 +3,7 @@
 #include "host/sdk.h"
 
 #include "fault_plan.h"
+#include "host_methods.h"
 #include "installation.h"
 #include "named_subject.h"
 #include "sdk_buffers.h"
@@ -58,7 +59,7 @@ CWinApp* zbedGetZorbWinApp()
     sim::detail::Installation* host = sim::detail::installed();
     if (host == nullptr)
         return nullptr;
-    Call call(host->core(), sdkSubject(), sim::detail::kGetFrameworkObject);
+    Call call(host->core(), sdkSubject(), sim::detail::undescribed::zbedGetZorbWinApp.name);
     if (call.refused())
         return nullptr;
     return call.giveSdkObject(host->frameworkObject(), L"no framework object");
@@ -69,7 +70,7 @@ int zbedGetVar(const wchar_t* name, resbuf* value)
     sim::detail::Installation* host = sim::detail::installed();
     if (host == nullptr)
         return kZbError;
-    Call call(host->core(), sdkSubject(), "sdk.zbedGetVar", {Arg::sdkText(name)});
+    Call call(host->core(), sdkSubject(), sim::detail::undescribed::zbedGetVar.name, {Arg::sdkText(name)});
     if (call.refused())
         return kZbError;
     short* variable = name != nullptr && value != nullptr ? findVariable(call.state(), name) : nullptr;
@@ -92,7 +93,7 @@ int zbedSetVar(const wchar_t* name, const resbuf* value)
     if (host == nullptr)
         return kZbError;
     VARIANT scratch;
-    Call call(host->core(), sdkSubject(), "sdk.zbedSetVar",
+    Call call(host->core(), sdkSubject(), sim::detail::undescribed::zbedSetVar.name,
               {Arg::sdkText(name), describeResult(value, scratch)});
     if (call.refused())
         return kZbError;
@@ -112,7 +113,8 @@ int zbedFindFile(const wchar_t* fileName, ZbString& found)
     sim::detail::Installation* host = sim::detail::installed();
     if (host == nullptr)
         return kZbError;
-    Call call(host->core(), sdkSubject(), "sdk.zbedFindFile", {Arg::sdkText(fileName)});
+    Call call(host->core(), sdkSubject(), sim::detail::undescribed::zbedFindFile.name,
+              {Arg::sdkText(fileName)});
     if (call.refused())
         return kZbError;
     const std::wstring wanted = fileName != nullptr ? fileName : L"";
@@ -141,7 +143,7 @@ void zbHeapFree(void* block)
     sim::detail::Installation* host = sim::detail::installed();
     if (host == nullptr)
         return;
-    Call call(host->core(), sdkSubject(), "sdk.zbHeapFree",
+    Call call(host->core(), sdkSubject(), sim::detail::undescribed::zbHeapFree.name,
               {Arg::pointer(block == nullptr ? L"null"
                             : freed          ? L"host buffer"
                                              : L"unknown block")});
@@ -158,7 +160,7 @@ ZbDbHostApplicationServices* zbdbHostApplicationServices()
     sim::detail::Installation* host = sim::detail::installed();
     if (host == nullptr)
         return nullptr;
-    Call call(host->core(), sdkSubject(), "sdk.zbdbHostApplicationServices");
+    Call call(host->core(), sdkSubject(), sim::detail::undescribed::zbdbHostApplicationServices.name);
     if (call.refused())
         return nullptr;
     return call.giveSdkObject(host->services(), L"no host services");

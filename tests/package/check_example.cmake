@@ -11,6 +11,15 @@ set(build ${WORK_DIR}/example)
 file(REMOVE_RECURSE ${WORK_DIR})
 
 run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${prefix})
+# What the build imports from the host's and the simulator's type libraries is installed with it:
+# the headers under the names users include, the libraries and their member references.
+foreach(imported include/host/object_model.h include/host/members.h include/sim/simulator_control.h
+                 lib/ZorbHost.tlb lib/ZorbSimulator.tlb share/doc/MXHostUtilities/host-members.md
+                 share/doc/MXHostUtilities/simulator-members.md)
+  if(NOT EXISTS ${prefix}/${imported})
+    message(FATAL_ERROR "the install lacks ${imported}")
+  endif()
+endforeach()
 
 # Off Windows the simulated host loads the host's type library from its own folder.
 if(NOT TOOLCHAIN)

@@ -14,7 +14,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_Preferences(HostPreferences** preferences) override
     {
-        Call call = begin("HostApplication.get_Preferences");
+        Call call = begin(members::HostApplication::get_Preferences);
         if (!call.accepts(preferences))
             return call.status();
         return call.giveObject(preferences, [&] { return newPreferences(sharedCore()); });
@@ -22,7 +22,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_MenuGroups(HostMenuGroups** groups) override
     {
-        Call call = begin("HostApplication.get_MenuGroups");
+        Call call = begin(members::HostApplication::get_MenuGroups);
         if (!call.accepts(groups))
             return call.status();
         return call.giveObject(groups, [&] { return newMenuGroups(sharedCore()); });
@@ -30,7 +30,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_MenuBar(HostMenuBar** menuBar) override
     {
-        Call call = begin("HostApplication.get_MenuBar");
+        Call call = begin(members::HostApplication::get_MenuBar);
         if (!call.accepts(menuBar))
             return call.status();
         return call.giveObject(menuBar, [&] { return newMenuBar(sharedCore()); });
@@ -39,7 +39,7 @@ public:
     // No drawing open: no active document, which is not a failure.
     HRESULT STDMETHODCALLTYPE get_ActiveDocument(HostDocument** document) override
     {
-        Call call = begin("HostApplication.get_ActiveDocument");
+        Call call = begin(members::HostApplication::get_ActiveDocument);
         if (!call.accepts(document))
             return call.status();
         return call.giveObject(document, [&] { return newDocument(sharedCore(), state().activeDocument); });
@@ -47,7 +47,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_Documents(HostDocuments** documents) override
     {
-        Call call = begin("HostApplication.get_Documents");
+        Call call = begin(members::HostApplication::get_Documents);
         if (!call.accepts(documents))
             return call.status();
         return call.giveObject(documents, [&] { return newDocuments(sharedCore()); });
@@ -55,7 +55,8 @@ public:
 
     HRESULT STDMETHODCALLTYPE raw_ZoomWindow(VARIANT lowerLeft, VARIANT upperRight) override
     {
-        Call call = begin("HostApplication.ZoomWindow", {Arg::variant(lowerLeft), Arg::variant(upperRight)});
+        Call call =
+            begin(members::HostApplication::ZoomWindow, {Arg::variant(lowerLeft), Arg::variant(upperRight)});
         if (call.refused())
             return call.status();
         if (!state().activeDocument)

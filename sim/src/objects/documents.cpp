@@ -62,7 +62,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_Count(LONG* count) override
     {
-        Call call = begin("HostDocuments.get_Count");
+        Call call = begin(members::HostDocuments::get_Count);
         if (!call.accepts(count))
             return call.status();
         return call.giveValue(count, static_cast<LONG>(memberCount()));
@@ -70,7 +70,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE raw_Item(VARIANT index, HostDocument** document) override
     {
-        Call call = begin("HostDocuments.Item", {Arg::variant(index)});
+        Call call = begin(members::HostDocuments::Item, {Arg::variant(index)});
         if (!call.accepts(document))
             return call.status();
         const auto& documents = state().documents;
@@ -87,7 +87,7 @@ public:
     HRESULT STDMETHODCALLTYPE raw_Open(BSTR fileName, VARIANT readOnly, VARIANT password,
                                        HostDocument** document) override
     {
-        Call call = begin("HostDocuments.Open",
+        Call call = begin(members::HostDocuments::Open,
                           {Arg::text(fileName), Arg::variant(readOnly), Arg::variant(password)});
         if (!call.accepts(document))
             return call.status();
@@ -129,7 +129,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE raw__NewEnum(IUnknown** enumeration) override
     {
-        return giveEnumeration("HostDocuments._NewEnum", *this, enumeration);
+        return giveEnumeration(members::HostDocuments::_NewEnum, *this, enumeration);
     }
 
     size_t memberCount() const override { return state().documents.size(); }
@@ -158,7 +158,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_FullFileName(BSTR* fullName) override
     {
-        Call call = begin("HostDocument.get_FullFileName");
+        Call call = begin(members::HostDocument::get_FullFileName);
         if (!call.accepts(fullName))
             return call.status();
         return call.giveText(fullName, m_document->fullFileName);
@@ -166,7 +166,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE raw_Activate() override
     {
-        Call call = begin("HostDocument.Activate");
+        Call call = begin(members::HostDocument::Activate);
         if (call.refused())
             return call.status();
         state().activeDocument = m_document;
@@ -177,7 +177,7 @@ public:
     // closes and, if it was the active one, the last drawing still open becomes active.
     HRESULT STDMETHODCALLTYPE raw_Close(VARIANT saveChanges, VARIANT fileName) override
     {
-        Call call = begin("HostDocument.Close", {Arg::variant(saveChanges), Arg::variant(fileName)});
+        Call call = begin(members::HostDocument::Close, {Arg::variant(saveChanges), Arg::variant(fileName)});
         if (call.refused())
             return call.status();
         bool save = false;
@@ -201,7 +201,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_Plot(HostPlot** plot) override
     {
-        Call call = begin("HostDocument.get_Plot");
+        Call call = begin(members::HostDocument::get_Plot);
         if (!call.accepts(plot))
             return call.status();
         return call.giveObject(plot, [&] { return newPlot(sharedCore(), m_document); });
@@ -209,7 +209,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_ActiveLayout(HostLayout** layout) override
     {
-        Call call = begin("HostDocument.get_ActiveLayout");
+        Call call = begin(members::HostDocument::get_ActiveLayout);
         if (!call.accepts(layout))
             return call.status();
         return call.giveObject(layout,

@@ -1,5 +1,6 @@
 #include "objects/enumeration.h"
 
+#include "host_methods.h"
 #include "objects/host_references.h"
 
 #include <algorithm>
@@ -46,7 +47,7 @@ public:
     // Every item asked for starts empty, so that a failed call leaves nothing the caller must clear.
     HRESULT STDMETHODCALLTYPE Next(ULONG count, VARIANT* items, ULONG* fetched) override
     {
-        Call call(*m_core, *this, "IEnumVARIANT.Next", {Arg::number(static_cast<long>(count))});
+        Call call(*m_core, *this, undescribed::enumerationNext.name, {Arg::number(static_cast<long>(count))});
         if (fetched != nullptr)
             *fetched = 0;
         for (ULONG i = 0; items != nullptr && i < count; ++i)
@@ -67,7 +68,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE Skip(ULONG count) override
     {
-        Call call(*m_core, *this, "IEnumVARIANT.Skip", {Arg::number(static_cast<long>(count))});
+        Call call(*m_core, *this, undescribed::enumerationSkip.name, {Arg::number(static_cast<long>(count))});
         if (call.refused())
             return call.status();
         const size_t members = m_members.memberCount();
@@ -78,7 +79,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE Reset() override
     {
-        Call call(*m_core, *this, "IEnumVARIANT.Reset");
+        Call call(*m_core, *this, undescribed::enumerationReset.name);
         if (call.refused())
             return call.status();
         m_position = 0;
@@ -87,7 +88,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE Clone(IEnumVARIANT** copy) override
     {
-        Call call(*m_core, *this, "IEnumVARIANT.Clone");
+        Call call(*m_core, *this, undescribed::enumerationClone.name);
         if (!call.accepts(copy))
             return call.status();
         return call.giveObject(copy, [&] {

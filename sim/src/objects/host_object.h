@@ -5,12 +5,14 @@
 
 #include "fault_plan.h"
 #include "host_core.h"
+#include "host_methods.h"
 #include "objects/call.h"
 #include "objects/enumeration.h"
 #include "objects/host_references.h"
 #include "objects/late_binding.h"
 #include "text.h"
 
+#include "host/members.h"
 #include "host/object_model.h"
 
 #include <memory>
@@ -76,21 +78,23 @@ protected:
     HostState& state() const { return m_core->state; }
     const std::shared_ptr<HostCore>& sharedCore() const { return m_core; }
 
-    // Starts a call of `method` ("Interface.method") on this object.
-    Call begin(const char* method, std::initializer_list<Arg> arguments = {},
+    // Starts a call of `method`, a member of the host's type library, on this object.
+    Call begin(const members::Member& method, std::initializer_list<Arg> arguments = {},
                Call::WhenGone whenGone = Call::WhenGone::fails)
     {
-        return Call(*m_core, *this, method, arguments, whenGone);
+        return Call(*m_core, *this, method.name, arguments, whenGone);
     }
 
-    // The answer of a collection's _NewEnum (`method`): an enumeration of `members`, this object's.
-    HRESULT giveEnumeration(const char* method, EnumerableCollection& members, IUnknown** enumeration)
+    // The answer of a collection's _NewEnum (`method`): an enumeration of `collection`, this object's.
+    HRESULT giveEnumeration(const members::Member& method, EnumerableCollection& collection,
+                            IUnknown** enumeration)
     {
         Call call = begin(method);
         if (!call.accepts(enumeration))
             return call.status();
-        return call.giveObject(enumeration,
-                               [&] { return newEnumeration(m_core, static_cast<Interface*>(this), *this, members); });
+        return call.giveObject(enumeration, [&] {
+            return newEnumeration(m_core, static_cast<Interface*>(this), *this, collection);
+        });
     }
 
 private:
@@ -100,7 +104,7 @@ private:
         if constexpr (std::is_same_v<Interface, HostApplication>) {
             if (!m_core->installed || m_core->state.faults.empty())
                 return false;
-            return FAILED(consultFaults(m_core->state.faults, kQueryApplication, [this] {
+            return FAILED(consultFaults(m_core->state.faults, undescribed::queryApplication.name, [this] {
                               return journalName();
                           }).failure);
         }

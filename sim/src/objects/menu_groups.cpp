@@ -26,7 +26,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_Count(LONG* count) override
     {
-        Call call = begin("HostMenuGroups.get_Count");
+        Call call = begin(members::HostMenuGroups::get_Count);
         if (!call.accepts(count))
             return call.status();
         return call.giveValue(count, static_cast<LONG>(memberCount()));
@@ -34,7 +34,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE raw_Item(VARIANT index, HostMenuGroup** group) override
     {
-        Call call = begin("HostMenuGroups.Item", {Arg::variant(index)});
+        Call call = begin(members::HostMenuGroups::Item, {Arg::variant(index)});
         if (!call.accepts(group))
             return call.status();
         const auto& groups = state().menuGroups;
@@ -50,7 +50,8 @@ public:
     HRESULT STDMETHODCALLTYPE raw_LoadMenuFile(BSTR menuFile, VARIANT baseMenu,
                                                HostMenuGroup** group) override
     {
-        Call call = begin("HostMenuGroups.LoadMenuFile", {Arg::text(menuFile), Arg::variant(baseMenu)});
+        Call call =
+            begin(members::HostMenuGroups::LoadMenuFile, {Arg::text(menuFile), Arg::variant(baseMenu)});
         if (!call.accepts(group))
             return call.status();
         // The interface documents an empty base-menu argument as "not the base menu".
@@ -80,7 +81,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE raw__NewEnum(IUnknown** enumeration) override
     {
-        return giveEnumeration("HostMenuGroups._NewEnum", *this, enumeration);
+        return giveEnumeration(members::HostMenuGroups::_NewEnum, *this, enumeration);
     }
 
     size_t memberCount() const override { return state().menuGroups.size(); }
@@ -110,7 +111,7 @@ public:
     HRESULT STDMETHODCALLTYPE get_Name(BSTR* name) override
     {
         // An unloaded group still tells its name; everything else it is asked fails.
-        Call call = begin("HostMenuGroup.get_Name", {}, Call::WhenGone::answers);
+        Call call = begin(members::HostMenuGroup::get_Name, {}, Call::WhenGone::answers);
         if (!call.accepts(name))
             return call.status();
         return call.giveText(name, m_group->name);
@@ -118,7 +119,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_Menus(HostPopupMenus** menus) override
     {
-        Call call = begin("HostMenuGroup.get_Menus");
+        Call call = begin(members::HostMenuGroup::get_Menus);
         if (!call.accepts(menus))
             return call.status();
         return call.giveObject(menus, [&] { return newPopupMenus(sharedCore(), m_group); });
@@ -126,7 +127,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_Toolbars(HostToolbars** toolbars) override
     {
-        Call call = begin("HostMenuGroup.get_Toolbars");
+        Call call = begin(members::HostMenuGroup::get_Toolbars);
         if (!call.accepts(toolbars))
             return call.status();
         return call.giveObject(toolbars, [&] { return newToolbars(sharedCore(), m_group); });
@@ -135,7 +136,7 @@ public:
     // The group's menus leave the menu bar with it.
     HRESULT STDMETHODCALLTYPE raw_Unload() override
     {
-        Call call = begin("HostMenuGroup.Unload");
+        Call call = begin(members::HostMenuGroup::Unload);
         if (call.refused())
             return call.status();
         const std::unordered_set<const PopupMenu*> menus = menusOf(*m_group);

@@ -18,7 +18,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_Label(BSTR* label) override
     {
-        Call call = begin("HostPopupMenuItem.get_Label");
+        Call call = begin(members::HostPopupMenuItem::get_Label);
         if (!call.accepts(label))
             return call.status();
         return call.giveText(label, m_item->label);
@@ -27,7 +27,7 @@ public:
     // A submenu item's label is its submenu's name.
     HRESULT STDMETHODCALLTYPE put_Label(BSTR label) override
     {
-        Call call = begin("HostPopupMenuItem.put_Label", {Arg::text(label)});
+        Call call = begin(members::HostPopupMenuItem::put_Label, {Arg::text(label)});
         if (call.refused())
             return call.status();
         if (m_item->type == ItemType::separator)
@@ -40,7 +40,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_Macro(BSTR* macro) override
     {
-        Call call = begin("HostPopupMenuItem.get_Macro");
+        Call call = begin(members::HostPopupMenuItem::get_Macro);
         if (!call.accepts(macro))
             return call.status();
         return call.giveText(macro, m_item->macro);
@@ -48,7 +48,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_Type(LONG* type) override
     {
-        Call call = begin("HostPopupMenuItem.get_Type");
+        Call call = begin(members::HostPopupMenuItem::get_Type);
         if (!call.accepts(type))
             return call.status();
         return call.giveValue(type, static_cast<LONG>(m_item->type));
@@ -56,7 +56,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_SubMenu(HostPopupMenu** subMenu) override
     {
-        Call call = begin("HostPopupMenuItem.get_SubMenu");
+        Call call = begin(members::HostPopupMenuItem::get_SubMenu);
         if (!call.accepts(subMenu))
             return call.status();
         if (m_item->type != ItemType::submenu)
@@ -66,7 +66,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_Enabled(VARIANT_BOOL* enabled) override
     {
-        Call call = begin("HostPopupMenuItem.get_Enabled");
+        Call call = begin(members::HostPopupMenuItem::get_Enabled);
         if (!call.accepts(enabled))
             return call.status();
         return call.giveValue(enabled, m_item->enabled ? VARIANT_TRUE : VARIANT_FALSE);
@@ -74,7 +74,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE put_Enabled(VARIANT_BOOL enabled) override
     {
-        Call call = begin("HostPopupMenuItem.put_Enabled", {Arg::flag(enabled)});
+        Call call = begin(members::HostPopupMenuItem::put_Enabled, {Arg::flag(enabled)});
         if (call.refused() || !readFlag(call, enabled, L"enabled flag", m_item->enabled))
             return call.status();
         return call.succeed();
@@ -82,7 +82,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE raw_Delete() override
     {
-        Call call = begin("HostPopupMenuItem.Delete");
+        Call call = begin(members::HostPopupMenuItem::Delete);
         if (call.refused())
             return call.status();
         core().seats.remove(m_menu.menu->items, m_item.get());

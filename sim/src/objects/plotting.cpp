@@ -26,7 +26,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_Name(BSTR* name) override
     {
-        Call call = begin("HostLayout.get_Name");
+        Call call = begin(members::HostLayout::get_Name);
         if (!call.accepts(name))
             return call.status();
         return call.giveText(name, m_layout->name);
@@ -34,7 +34,8 @@ public:
 
     HRESULT STDMETHODCALLTYPE raw_SetWindowToPlot(VARIANT lowerLeft, VARIANT upperRight) override
     {
-        Call call = begin("HostLayout.SetWindowToPlot", {Arg::variant(lowerLeft), Arg::variant(upperRight)});
+        Call call =
+            begin(members::HostLayout::SetWindowToPlot, {Arg::variant(lowerLeft), Arg::variant(upperRight)});
         if (call.refused())
             return call.status();
         PlotWindow window;
@@ -47,7 +48,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_PlotType(ZbPlotType* plotType) override
     {
-        Call call = begin("HostLayout.get_PlotType");
+        Call call = begin(members::HostLayout::get_PlotType);
         if (!call.accepts(plotType))
             return call.status();
         return call.giveValue(plotType, static_cast<ZbPlotType>(m_layout->plotType));
@@ -55,7 +56,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE put_PlotType(ZbPlotType plotType) override
     {
-        Call call = begin("HostLayout.put_PlotType", {Arg::number(plotType)});
+        Call call = begin(members::HostLayout::put_PlotType, {Arg::number(plotType)});
         if (call.refused())
             return call.status();
         if (plotType < 0 || plotType > kLastPlotType)
@@ -85,7 +86,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE put_NumberOfCopies(LONG copies) override
     {
-        Call call = begin("HostPlot.put_NumberOfCopies", {Arg::number(copies)});
+        Call call = begin(members::HostPlot::put_NumberOfCopies, {Arg::number(copies)});
         if (call.refused())
             return call.status();
         if (copies < 1)
@@ -96,7 +97,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE put_QuietErrorMode(VARIANT_BOOL quiet) override
     {
-        Call call = begin("HostPlot.put_QuietErrorMode", {Arg::flag(quiet)});
+        Call call = begin(members::HostPlot::put_QuietErrorMode, {Arg::flag(quiet)});
         if (call.refused() || !readFlag(call, quiet, L"quiet-error mode", settings().quietErrorMode))
             return call.status();
         return call.succeed();
@@ -104,7 +105,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE raw_StartBatchMode(LONG entryCount) override
     {
-        Call call = begin("HostPlot.StartBatchMode", {Arg::number(entryCount)});
+        Call call = begin(members::HostPlot::StartBatchMode, {Arg::number(entryCount)});
         if (call.refused())
             return call.status();
         if (entryCount < 1)
@@ -116,7 +117,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE raw_SetLayoutsToPlot(VARIANT layouts) override
     {
-        Call call = begin("HostPlot.SetLayoutsToPlot", {Arg::variant(layouts)});
+        Call call = begin(members::HostPlot::SetLayoutsToPlot, {Arg::variant(layouts)});
         if (call.refused())
             return call.status();
         std::vector<std::wstring> names;
@@ -135,7 +136,7 @@ public:
     // that the plotter accepts is kept as a plot job.
     HRESULT STDMETHODCALLTYPE raw_PlotToDevice(VARIANT device, VARIANT_BOOL* plotted) override
     {
-        Call call = begin("HostPlot.PlotToDevice", {Arg::variant(device)});
+        Call call = begin(members::HostPlot::PlotToDevice, {Arg::variant(device)});
         if (!call.accepts(plotted))
             return call.status();
         PlotJob job;

@@ -15,7 +15,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_Name(BSTR* name) override
     {
-        Call call = begin("HostPopupMenu.get_Name");
+        Call call = begin(members::HostPopupMenu::get_Name);
         if (!call.accepts(name))
             return call.status();
         return call.giveText(name, m_place.menu->name);
@@ -24,7 +24,7 @@ public:
     // A submenu's name is the label of the item that leads to it.
     HRESULT STDMETHODCALLTYPE put_Name(BSTR name) override
     {
-        Call call = begin("HostPopupMenu.put_Name", {Arg::text(name)});
+        Call call = begin(members::HostPopupMenu::put_Name, {Arg::text(name)});
         if (call.refused())
             return call.status();
         if (SysStringLen(name) == 0)
@@ -37,7 +37,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_TagString(BSTR* tag) override
     {
-        Call call = begin("HostPopupMenu.get_TagString");
+        Call call = begin(members::HostPopupMenu::get_TagString);
         if (!call.accepts(tag))
             return call.status();
         return call.giveText(tag, m_place.menu->tag);
@@ -45,7 +45,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_OnMenuBar(VARIANT_BOOL* onMenuBar) override
     {
-        Call call = begin("HostPopupMenu.get_OnMenuBar");
+        Call call = begin(members::HostPopupMenu::get_OnMenuBar);
         if (!call.accepts(onMenuBar))
             return call.status();
         return call.giveValue(onMenuBar, isOnMenuBar() ? VARIANT_TRUE : VARIANT_FALSE);
@@ -53,7 +53,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_Count(LONG* count) override
     {
-        Call call = begin("HostPopupMenu.get_Count");
+        Call call = begin(members::HostPopupMenu::get_Count);
         if (!call.accepts(count))
             return call.status();
         return call.giveValue(count, static_cast<LONG>(memberCount()));
@@ -61,7 +61,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE raw_Item(VARIANT index, HostPopupMenuItem** item) override
     {
-        Call call = begin("HostPopupMenu.Item", {Arg::variant(index)});
+        Call call = begin(members::HostPopupMenu::Item, {Arg::variant(index)});
         if (!call.accepts(item))
             return call.status();
         const auto& items = m_place.menu->items;
@@ -75,8 +75,8 @@ public:
     HRESULT STDMETHODCALLTYPE raw_AddMenuItem(VARIANT index, BSTR label, BSTR macro,
                                               HostPopupMenuItem** item) override
     {
-        Call call =
-            begin("HostPopupMenu.AddMenuItem", {Arg::variant(index), Arg::text(label), Arg::text(macro)});
+        Call call = begin(members::HostPopupMenu::AddMenuItem,
+                          {Arg::variant(index), Arg::text(label), Arg::text(macro)});
         if (!call.accepts(item))
             return call.status();
         auto added = std::make_shared<PopupMenuItem>();
@@ -90,7 +90,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE raw_AddSubMenu(VARIANT index, BSTR label, HostPopupMenu** subMenu) override
     {
-        Call call = begin("HostPopupMenu.AddSubMenu", {Arg::variant(index), Arg::text(label)});
+        Call call = begin(members::HostPopupMenu::AddSubMenu, {Arg::variant(index), Arg::text(label)});
         if (!call.accepts(subMenu))
             return call.status();
         if (SysStringLen(label) == 0)
@@ -107,7 +107,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE raw_AddSeparator(VARIANT index, HostPopupMenuItem** item) override
     {
-        Call call = begin("HostPopupMenu.AddSeparator", {Arg::variant(index)});
+        Call call = begin(members::HostPopupMenu::AddSeparator, {Arg::variant(index)});
         if (!call.accepts(item))
             return call.status();
         auto added = std::make_shared<PopupMenuItem>();
@@ -119,7 +119,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE raw_InsertInMenuBar(VARIANT position) override
     {
-        Call call = begin("HostPopupMenu.InsertInMenuBar", {Arg::variant(position)});
+        Call call = begin(members::HostPopupMenu::InsertInMenuBar, {Arg::variant(position)});
         if (call.refused())
             return call.status();
         if (!m_place.submenuItems.empty())
@@ -138,7 +138,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE raw_RemoveFromMenuBar() override
     {
-        Call call = begin("HostPopupMenu.RemoveFromMenuBar");
+        Call call = begin(members::HostPopupMenu::RemoveFromMenuBar);
         if (call.refused())
             return call.status();
         if (!isOnMenuBar())
@@ -149,7 +149,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE raw__NewEnum(IUnknown** enumeration) override
     {
-        return giveEnumeration("HostPopupMenu._NewEnum", *this, enumeration);
+        return giveEnumeration(members::HostPopupMenu::_NewEnum, *this, enumeration);
     }
 
     size_t memberCount() const override { return m_place.menu->items.size(); }

@@ -18,7 +18,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_Count(LONG* count) override
     {
-        Call call = begin("HostPopupMenus.get_Count");
+        Call call = begin(members::HostPopupMenus::get_Count);
         if (!call.accepts(count))
             return call.status();
         return call.giveValue(count, static_cast<LONG>(memberCount()));
@@ -26,7 +26,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE raw_Item(VARIANT index, HostPopupMenu** menu) override
     {
-        Call call = begin("HostPopupMenus.Item", {Arg::variant(index)});
+        Call call = begin(members::HostPopupMenus::Item, {Arg::variant(index)});
         if (!call.accepts(menu))
             return call.status();
         size_t position = 0;
@@ -39,7 +39,7 @@ public:
     // A new menu goes after the group's menus, off the menu bar; names need not be unique.
     HRESULT STDMETHODCALLTYPE raw_AddMenu(BSTR name, HostPopupMenu** menu) override
     {
-        Call call = begin("HostPopupMenus.AddMenu", {Arg::text(name)});
+        Call call = begin(members::HostPopupMenus::AddMenu, {Arg::text(name)});
         if (!call.accepts(menu))
             return call.status();
         if (SysStringLen(name) == 0)
@@ -58,7 +58,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE raw__NewEnum(IUnknown** enumeration) override
     {
-        return giveEnumeration("HostPopupMenus._NewEnum", *this, enumeration);
+        return giveEnumeration(members::HostPopupMenus::_NewEnum, *this, enumeration);
     }
 
     size_t memberCount() const override { return m_group->menus.size(); }
@@ -86,7 +86,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_Count(LONG* count) override
     {
-        Call call = begin("HostMenuBar.get_Count");
+        Call call = begin(members::HostMenuBar::get_Count);
         if (!call.accepts(count))
             return call.status();
         return call.giveValue(count, static_cast<LONG>(memberCount()));
@@ -94,7 +94,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE raw_Item(VARIANT index, HostPopupMenu** menu) override
     {
-        Call call = begin("HostMenuBar.Item", {Arg::variant(index)});
+        Call call = begin(members::HostMenuBar::Item, {Arg::variant(index)});
         if (!call.accepts(menu))
             return call.status();
         size_t position = 0;
@@ -106,7 +106,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE raw__NewEnum(IUnknown** enumeration) override
     {
-        return giveEnumeration("HostMenuBar._NewEnum", *this, enumeration);
+        return giveEnumeration(members::HostMenuBar::_NewEnum, *this, enumeration);
     }
 
     size_t memberCount() const override { return state().menuBar.size(); }

@@ -13,7 +13,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_Files(HostPreferencesFiles** files) override
     {
-        Call call = begin("HostPreferences.get_Files");
+        Call call = begin(members::HostPreferences::get_Files);
         if (!call.accepts(files))
             return call.status();
         return call.giveObject(files, [&] { return newPreferencesFiles(sharedCore()); });
@@ -31,39 +31,39 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_SupportPath(BSTR* path) override
     {
-        return read("HostPreferencesFiles.get_SupportPath", &PreferencesFiles::supportPath, path);
+        return read(members::HostPreferencesFiles::get_SupportPath, &PreferencesFiles::supportPath, path);
     }
     HRESULT STDMETHODCALLTYPE put_SupportPath(BSTR path) override
     {
-        return write("HostPreferencesFiles.put_SupportPath", &PreferencesFiles::supportPath, path);
+        return write(members::HostPreferencesFiles::put_SupportPath, &PreferencesFiles::supportPath, path);
     }
     HRESULT STDMETHODCALLTYPE get_PrinterStyleSheetPath(BSTR* path) override
     {
-        return read("HostPreferencesFiles.get_PrinterStyleSheetPath",
+        return read(members::HostPreferencesFiles::get_PrinterStyleSheetPath,
                     &PreferencesFiles::printerStyleSheetPath, path);
     }
     HRESULT STDMETHODCALLTYPE put_PrinterStyleSheetPath(BSTR path) override
     {
-        return write("HostPreferencesFiles.put_PrinterStyleSheetPath",
+        return write(members::HostPreferencesFiles::put_PrinterStyleSheetPath,
                      &PreferencesFiles::printerStyleSheetPath, path);
     }
     HRESULT STDMETHODCALLTYPE get_TemplateDrawingFolder(BSTR* path) override
     {
-        return read("HostPreferencesFiles.get_TemplateDrawingFolder",
+        return read(members::HostPreferencesFiles::get_TemplateDrawingFolder,
                     &PreferencesFiles::templateDrawingFolder, path);
     }
     HRESULT STDMETHODCALLTYPE put_TemplateDrawingFolder(BSTR path) override
     {
-        return write("HostPreferencesFiles.put_TemplateDrawingFolder",
+        return write(members::HostPreferencesFiles::put_TemplateDrawingFolder,
                      &PreferencesFiles::templateDrawingFolder, path);
     }
     HRESULT STDMETHODCALLTYPE get_DrawingPath(BSTR* path) override
     {
-        return read("HostPreferencesFiles.get_DrawingPath", &PreferencesFiles::drawingPath, path);
+        return read(members::HostPreferencesFiles::get_DrawingPath, &PreferencesFiles::drawingPath, path);
     }
     HRESULT STDMETHODCALLTYPE put_DrawingPath(BSTR path) override
     {
-        return write("HostPreferencesFiles.put_DrawingPath", &PreferencesFiles::drawingPath, path);
+        return write(members::HostPreferencesFiles::put_DrawingPath, &PreferencesFiles::drawingPath, path);
     }
 
 protected:
@@ -72,7 +72,7 @@ protected:
 private:
     using Location = std::wstring PreferencesFiles::*;
 
-    HRESULT read(const char* method, Location location, BSTR* path)
+    HRESULT read(const members::Member& method, Location location, BSTR* path)
     {
         Call call = begin(method);
         if (!call.accepts(path))
@@ -80,7 +80,7 @@ private:
         return call.giveText(path, state().preferences.*location);
     }
 
-    HRESULT write(const char* method, Location location, BSTR path)
+    HRESULT write(const members::Member& method, Location location, BSTR path)
     {
         Call call = begin(method, {Arg::text(path)});
         if (call.refused())

@@ -19,7 +19,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_Name(BSTR* name) override
     {
-        Call call = begin("HostToolbarItem.get_Name");
+        Call call = begin(members::HostToolbarItem::get_Name);
         if (!call.accepts(name))
             return call.status();
         return call.giveText(name, m_button->name);
@@ -27,7 +27,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_TagString(BSTR* tag) override
     {
-        Call call = begin("HostToolbarItem.get_TagString");
+        Call call = begin(members::HostToolbarItem::get_TagString);
         if (!call.accepts(tag))
             return call.status();
         return call.giveText(tag, m_button->tag);
@@ -35,7 +35,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE put_TagString(BSTR tag) override
     {
-        Call call = begin("HostToolbarItem.put_TagString", {Arg::text(tag)});
+        Call call = begin(members::HostToolbarItem::put_TagString, {Arg::text(tag)});
         if (call.refused())
             return call.status();
         m_button->tag = text::fromBstr(tag);
@@ -44,7 +44,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_Index(LONG* index) override
     {
-        Call call = begin("HostToolbarItem.get_Index");
+        Call call = begin(members::HostToolbarItem::get_Index);
         if (!call.accepts(index))
             return call.status();
         return call.giveValue(index,
@@ -53,7 +53,8 @@ public:
 
     HRESULT STDMETHODCALLTYPE raw_SetBitmaps(BSTR smallBitmap, BSTR largeBitmap) override
     {
-        Call call = begin("HostToolbarItem.SetBitmaps", {Arg::text(smallBitmap), Arg::text(largeBitmap)});
+        Call call =
+            begin(members::HostToolbarItem::SetBitmaps, {Arg::text(smallBitmap), Arg::text(largeBitmap)});
         if (call.refused())
             return call.status();
         if (SysStringLen(smallBitmap) == 0 || SysStringLen(largeBitmap) == 0)
@@ -67,7 +68,7 @@ public:
     // keeps the two names as they were given.
     HRESULT STDMETHODCALLTYPE raw_AttachToolbarToFlyout(BSTR menuGroupName, BSTR toolbarName) override
     {
-        Call call = begin("HostToolbarItem.AttachToolbarToFlyout",
+        Call call = begin(members::HostToolbarItem::AttachToolbarToFlyout,
                           {Arg::text(menuGroupName), Arg::text(toolbarName)});
         if (call.refused())
             return call.status();
@@ -91,7 +92,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE raw_Delete() override
     {
-        Call call = begin("HostToolbarItem.Delete");
+        Call call = begin(members::HostToolbarItem::Delete);
         if (call.refused())
             return call.status();
         core().seats.remove(m_toolbar.toolbar->buttons, m_button.get());

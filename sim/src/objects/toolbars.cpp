@@ -18,7 +18,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_Count(LONG* count) override
     {
-        Call call = begin("HostToolbars.get_Count");
+        Call call = begin(members::HostToolbars::get_Count);
         if (!call.accepts(count))
             return call.status();
         return call.giveValue(count, static_cast<LONG>(memberCount()));
@@ -26,7 +26,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE raw_Item(VARIANT index, HostToolbar** toolbar) override
     {
-        Call call = begin("HostToolbars.Item", {Arg::variant(index)});
+        Call call = begin(members::HostToolbars::Item, {Arg::variant(index)});
         if (!call.accepts(toolbar))
             return call.status();
         const auto& toolbars = m_group->toolbars;
@@ -39,7 +39,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE raw__NewEnum(IUnknown** enumeration) override
     {
-        return giveEnumeration("HostToolbars._NewEnum", *this, enumeration);
+        return giveEnumeration(members::HostToolbars::_NewEnum, *this, enumeration);
     }
 
     size_t memberCount() const override { return m_group->toolbars.size(); }
@@ -67,7 +67,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_Name(BSTR* name) override
     {
-        Call call = begin("HostToolbar.get_Name");
+        Call call = begin(members::HostToolbar::get_Name);
         if (!call.accepts(name))
             return call.status();
         return call.giveText(name, toolbar().name);
@@ -75,7 +75,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_TagString(BSTR* tag) override
     {
-        Call call = begin("HostToolbar.get_TagString");
+        Call call = begin(members::HostToolbar::get_TagString);
         if (!call.accepts(tag))
             return call.status();
         return call.giveText(tag, toolbar().tag);
@@ -83,7 +83,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_Visible(VARIANT_BOOL* visible) override
     {
-        Call call = begin("HostToolbar.get_Visible");
+        Call call = begin(members::HostToolbar::get_Visible);
         if (!call.accepts(visible))
             return call.status();
         return call.giveValue(visible, toolbar().visible ? VARIANT_TRUE : VARIANT_FALSE);
@@ -91,7 +91,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE put_Visible(VARIANT_BOOL visible) override
     {
-        Call call = begin("HostToolbar.put_Visible", {Arg::flag(visible)});
+        Call call = begin(members::HostToolbar::put_Visible, {Arg::flag(visible)});
         if (call.refused() || !readFlag(call, visible, L"visibility", toolbar().visible))
             return call.status();
         return call.succeed();
@@ -99,25 +99,25 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_DockStatus(LONG* dockStatus) override
     {
-        return readPlacement("HostToolbar.get_DockStatus", &Toolbar::dockStatus, dockStatus);
+        return readPlacement(members::HostToolbar::get_DockStatus, &Toolbar::dockStatus, dockStatus);
     }
     HRESULT STDMETHODCALLTYPE get_Left(LONG* left) override
     {
-        return readPlacement("HostToolbar.get_Left", &Toolbar::left, left);
+        return readPlacement(members::HostToolbar::get_Left, &Toolbar::left, left);
     }
     HRESULT STDMETHODCALLTYPE get_Top(LONG* top) override
     {
-        return readPlacement("HostToolbar.get_Top", &Toolbar::top, top);
+        return readPlacement(members::HostToolbar::get_Top, &Toolbar::top, top);
     }
     HRESULT STDMETHODCALLTYPE get_FloatingRows(LONG* rows) override
     {
-        return readPlacement("HostToolbar.get_FloatingRows", &Toolbar::floatingRows, rows);
+        return readPlacement(members::HostToolbar::get_FloatingRows, &Toolbar::floatingRows, rows);
     }
 
     // Docking and floating place the toolbar; they leave its visibility alone.
     HRESULT STDMETHODCALLTYPE raw_Dock(LONG side) override
     {
-        Call call = begin("HostToolbar.Dock", {Arg::number(side)});
+        Call call = begin(members::HostToolbar::Dock, {Arg::number(side)});
         if (call.refused())
             return call.status();
         if (side < 0 || side >= kDockFloating)
@@ -129,7 +129,8 @@ public:
 
     HRESULT STDMETHODCALLTYPE raw_Float(LONG top, LONG left, LONG rows) override
     {
-        Call call = begin("HostToolbar.Float", {Arg::number(top), Arg::number(left), Arg::number(rows)});
+        Call call =
+            begin(members::HostToolbar::Float, {Arg::number(top), Arg::number(left), Arg::number(rows)});
         if (call.refused())
             return call.status();
         if (rows < 1)
@@ -145,7 +146,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_Count(LONG* count) override
     {
-        Call call = begin("HostToolbar.get_Count");
+        Call call = begin(members::HostToolbar::get_Count);
         if (!call.accepts(count))
             return call.status();
         return call.giveValue(count, static_cast<LONG>(memberCount()));
@@ -153,7 +154,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE raw_Item(VARIANT index, HostToolbarItem** button) override
     {
-        Call call = begin("HostToolbar.Item", {Arg::variant(index)});
+        Call call = begin(members::HostToolbar::Item, {Arg::variant(index)});
         if (!call.accepts(button))
             return call.status();
         const auto& buttons = toolbar().buttons;
@@ -167,7 +168,7 @@ public:
     HRESULT STDMETHODCALLTYPE raw_AddButton(VARIANT index, BSTR name, BSTR helpString, BSTR macro,
                                             HostToolbarItem** button) override
     {
-        Call call = begin("HostToolbar.AddButton",
+        Call call = begin(members::HostToolbar::AddButton,
                           {Arg::variant(index), Arg::text(name), Arg::text(helpString), Arg::text(macro)});
         if (!call.accepts(button))
             return call.status();
@@ -191,7 +192,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE raw__NewEnum(IUnknown** enumeration) override
     {
-        return giveEnumeration("HostToolbar._NewEnum", *this, enumeration);
+        return giveEnumeration(members::HostToolbar::_NewEnum, *this, enumeration);
     }
 
     size_t memberCount() const override { return toolbar().buttons.size(); }
@@ -210,7 +211,7 @@ private:
 
     Toolbar& toolbar() const { return *m_place.toolbar; }
 
-    HRESULT readPlacement(const char* method, long Toolbar::*field, LONG* value)
+    HRESULT readPlacement(const members::Member& method, long Toolbar::*field, LONG* value)
     {
         Call call = begin(method);
         if (!call.accepts(value))

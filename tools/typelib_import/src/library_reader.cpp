@@ -1,5 +1,6 @@
 #include "library_reader.h"
 
+#include "dispatch_ids.h"
 #include "held_description.h"
 #include "import_error.h"
 #include "text.h"
@@ -124,6 +125,7 @@ Interface readInterface(ITypeInfo* described, const TYPEATTR& attributes, const 
         declared.functions.push_back(readFunction(vtableFace, i, declared.name));
     std::stable_sort(declared.functions.begin(), declared.functions.end(),
                      [](const Function& a, const Function& b) { return a.vtableOffset < b.vtableOffset; });
+    checkDispatchIds(declared);
     return declared;
 }
 
