@@ -59,22 +59,26 @@ int runScenarioCommand(Scenario scenario, const ReportOptions& options)
                     : options.trace || options.html ? HostCalls::kept
                                                     : HostCalls::dropped,
                     options.html ? HostStates::kept : HostStates::dropped);
-    if (options.json)
-        printJsonReport(std::cout, scenario, run, options.trace);
-    else
-        printTextReport(std::cout, scenario, run, options.trace);
-    std::cout.flush();
-    int exitCode = run.failedSteps() == 0 ? kAllPassed : kExpectationFailed;
+    // The files are written before the report, so that a JSON report can carry what was not written.
+    std::vector<std::string> unwritten;
     for (const RunOutput& output : outputs) {
         try {
             writeOutputFile(output.target, output.render(scenario, run));
         }
         catch (const OutputError& error) {
-            std::cerr << "zorbsim: the run is reported above, but " << error.what() << "\n";
-            exitCode = kWriteFailed;
+            unwritten.push_back(error.what());
         }
     }
-    return exitCode;
+    if (options.json)
+        printJsonReport(std::cout, scenario, run, options.trace, unwritten);
+    else
+        printTextReport(std::cout, scenario, run, options.trace);
+    std::cout.flush();
+    for (const std::string& failure : unwritten)
+        std::cerr << "zorbsim: the run is reported above, but " << failure << "\n";
+    if (!unwritten.empty())
+        return kWriteFailed;
+    return run.failedSteps() == 0 ? kAllPassed : kExpectationFailed;
 }
 
 int printStateCommand(const std::string& hostPath)

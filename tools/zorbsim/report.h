@@ -5,11 +5,15 @@
 #include "scenario.h"
 
 #include <ostream>
+#include <string>
+#include <vector>
 
 namespace zorbsim {
 
 // `trace`: the host calls of each call step, under it.
 void printTextReport(std::ostream& out, const Scenario& scenario, const RunResult& run, bool trace);
-void printJsonReport(std::ostream& out, const Scenario& scenario, const RunResult& run, bool trace);
+// `unwritten`: why each output file of the run was not written (the key "unwritten", when any).
+void printJsonReport(std::ostream& out, const Scenario& scenario, const RunResult& run, bool trace,
+                     const std::vector<std::string>& unwritten);
 
 }  // namespace zorbsim

@@ -78,7 +78,8 @@ const char* kindName(const StepAction& action)
 
 }  // namespace
 
-void printJsonReport(std::ostream& out, const Scenario& scenario, const RunResult& run, bool trace)
+void printJsonReport(std::ostream& out, const Scenario& scenario, const RunResult& run, bool trace,
+                     const std::vector<std::string>& unwritten)
 {
     Json steps = Json::array();
     for (const StepResult& result : run.steps) {
@@ -103,6 +104,8 @@ void printJsonReport(std::ostream& out, const Scenario& scenario, const RunResul
     document["steps"] = std::move(steps);
     document["passed"] = run.passedSteps();
     document["failed"] = run.failedSteps();
+    if (!unwritten.empty())
+        document["unwritten"] = unwritten;
     out << document.dump(2) << "\n";
 }
 
