@@ -218,7 +218,7 @@ def main():
         "choice among O(1), O(log n), O(n), O(n log n), O(n²) and O(n³), with its relative RMS error.",
         "The simulated host answers a call in the same time on any size of host: its check that the",
         "object called is still in the host finds the object's node where the host last saw it",
-        "(`sim/src/seats.h`; `tests/sim/call_cost_test.cpp` and the host-call count tests hold it to at",
+        "(`sim/src/model/seats.h`; `tests/sim/call_cost_test.cpp` and the host-call count tests hold it to at",
         "most four entries looked at per call). Each row's growth is thus its operation's own: linear",
         "where the operation walks a collection once, worse only where its algorithm is (below). Where",
         "the overhead ratio grows with n, the growth is the module's own work besides its host calls",

@@ -1,5 +1,5 @@
 // The root of the object model.
-#include "objects/arguments_in.h"
+#include "calls/arguments_in.h"
 #include "objects/host_object.h"
 #include "objects/objects.h"
 

@@ -1,6 +1,6 @@
 // The open drawings, and one drawing.
-#include "model_builders.h"
-#include "objects/arguments_in.h"
+#include "model/builders.h"
+#include "calls/arguments_in.h"
 #include "objects/host_object.h"
 #include "objects/objects.h"
 

@@ -1,7 +1,7 @@
 #include "objects/enumeration.h"
 
-#include "host_methods.h"
-#include "objects/host_references.h"
+#include "faults/host_methods.h"
+#include "calls/host_references.h"
 
 #include <algorithm>
 

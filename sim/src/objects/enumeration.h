@@ -9,8 +9,8 @@
 // as it fails its own.
 #pragma once
 
-#include "host_core.h"
-#include "objects/call.h"
+#include "host/host_core.h"
+#include "calls/call.h"
 
 #include "automation.h"
 

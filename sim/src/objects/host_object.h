@@ -3,14 +3,14 @@
 // name from the host's type library (objects/late_binding.h), reaching the same typed methods.
 #pragma once
 
-#include "fault_plan.h"
-#include "host_core.h"
-#include "host_methods.h"
-#include "objects/call.h"
+#include "faults/plan.h"
+#include "host/host_core.h"
+#include "faults/host_methods.h"
+#include "calls/call.h"
 #include "objects/enumeration.h"
-#include "objects/host_references.h"
-#include "objects/late_binding.h"
-#include "text.h"
+#include "calls/host_references.h"
+#include "late_binding/dispatch.h"
+#include "model/text.h"
 
 #include "host/members.h"
 #include "host/object_model.h"

@@ -1,6 +1,6 @@
 // The loaded menu groups, and one group.
-#include "model_copy.h"
-#include "objects/arguments_in.h"
+#include "model/copy.h"
+#include "calls/arguments_in.h"
 #include "objects/host_object.h"
 #include "objects/objects.h"
 

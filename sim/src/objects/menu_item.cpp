@@ -1,5 +1,5 @@
 // One item of a popup menu: a command, a separator or a submenu.
-#include "objects/arguments_in.h"
+#include "calls/arguments_in.h"
 #include "objects/host_object.h"
 #include "objects/objects.h"
 

@@ -3,7 +3,7 @@
 // no object).
 #pragma once
 
-#include "host_core.h"
+#include "host/host_core.h"
 #include "objects/places.h"
 
 #include "host/object_model.h"

@@ -1,6 +1,6 @@
 #include "objects/places.h"
 
-#include "text.h"
+#include "model/text.h"
 
 namespace sim::detail {
 namespace {

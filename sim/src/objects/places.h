@@ -3,7 +3,7 @@
 // group, a deleted item, a closed drawing) the place tells why, and the object fails its calls.
 #pragma once
 
-#include "host_core.h"
+#include "host/host_core.h"
 #include "sim/model.h"
 
 #include <memory>

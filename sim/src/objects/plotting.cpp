@@ -1,5 +1,5 @@
 // A drawing's active layout and its plotting.
-#include "objects/arguments_in.h"
+#include "calls/arguments_in.h"
 #include "objects/host_object.h"
 #include "objects/objects.h"
 

@@ -1,5 +1,5 @@
 // One popup menu: a group's menu or a submenu.
-#include "objects/arguments_in.h"
+#include "calls/arguments_in.h"
 #include "objects/host_object.h"
 #include "objects/objects.h"
 

@@ -1,5 +1,5 @@
 // A menu group's popup menus, and the menu bar.
-#include "objects/arguments_in.h"
+#include "calls/arguments_in.h"
 #include "objects/host_object.h"
 #include "objects/objects.h"
 

@@ -1,5 +1,5 @@
 // A menu group's toolbars, and one toolbar.
-#include "objects/arguments_in.h"
+#include "calls/arguments_in.h"
 #include "objects/host_object.h"
 #include "objects/objects.h"
 

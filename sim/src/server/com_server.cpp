@@ -1,7 +1,7 @@
 // The simulator as an in-process automation server (Windows): its two classes, their factories,
 // and their registration, so that a client creates a simulated host by ProgID as it would create
 // any server's object.
-#include "installation.h"
+#include "host/installation.h"
 #include "late_binding/type_library.h"
 #include "objects/objects.h"
 #include "server/control_object.h"

@@ -1,8 +1,8 @@
 #include "server/control_object.h"
 
-#include "installation.h"
-#include "objects/error_info.h"
-#include "objects/late_binding.h"
+#include "host/installation.h"
+#include "calls/error_info.h"
+#include "late_binding/dispatch.h"
 #include "objects/objects.h"
 #include "server/served_host.h"
 

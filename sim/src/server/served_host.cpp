@@ -1,6 +1,6 @@
 #include "server/served_host.h"
 
-#include "objects/error_info.h"
+#include "calls/error_info.h"
 #include "sim/utf8.h"
 
 #include <memory>
