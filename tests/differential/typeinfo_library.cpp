@@ -2,11 +2,11 @@
 // documentation, its types by index and GUID, names, and what its ITypeComp binds.
 #include "typeinfo_texts.h"
 
+#include "host/object_model.h"
+
 using namespace typeinfo_probe;
 
 namespace {
-
-const GUID kHostApplication = {0x20398ddd, 0x1309, 0x474d, {0x89, 0xda, 0xae, 0x7f, 0xb6, 0xdf, 0x06, 0x81}};
 
 std::string loading(const wchar_t* path)
 {
@@ -143,7 +143,7 @@ PROBE_CASE(library, type_kind_into_null) { return probe::status(hostLibrary()->G
 PROBE_CASE(library, type_of_guid)
 {
     ITypeInfoPtr typeInfo;
-    const HRESULT status = hostLibrary()->GetTypeInfoOfGuid(kHostApplication, &typeInfo);
+    const HRESULT status = hostLibrary()->GetTypeInfoOfGuid(__uuidof(HostApplication), &typeInfo);
     return described(status, typeInfo ? identity(typeInfo) : "");
 }
 PROBE_CASE(library, type_of_an_unknown_guid)

@@ -100,7 +100,7 @@ protected:
     json jsonSteps() const
     {
         std::ostringstream out;
-        zorbsim::printJsonReport(out, m_scenario, m_run, false);
+        zorbsim::printJsonReport(out, m_scenario, m_run, false, {});
         return json::parse(out.str()).at("steps");
     }
 
