@@ -10,6 +10,7 @@
 #include "automation.h"
 #include "test_text.h"
 #include "test_widget.h"
+#include "untyped_dispatch.h"
 
 namespace {
 
@@ -49,7 +50,7 @@ _variant_t currency(std::int64_t tenThousandths)
 
 // An object whose default member gives `value`, counting the calls and the references it holds;
 // the test owns it.
-class ValuedObject final : public IDispatch {
+class ValuedObject final : public UntypedDispatch<IDispatch> {
 public:
     explicit ValuedObject(const _variant_t& value) : m_value(value) {}
     ValuedObject(const ValuedObject&) = delete;
@@ -68,12 +69,6 @@ public:
     }
     ULONG STDMETHODCALLTYPE AddRef() override { return ++m_references; }
     ULONG STDMETHODCALLTYPE Release() override { return --m_references; }
-    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override
-    {
-        return E_NOTIMPL;
-    }
     HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID, LCID, WORD flags, DISPPARAMS* parameters,
                                      VARIANT* result, EXCEPINFO*, UINT*) override
     {

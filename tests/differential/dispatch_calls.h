@@ -8,6 +8,7 @@
 
 #include "automation/com_object.h"
 #include "sim/host.h"
+#include "untyped_dispatch.h"
 
 #include <functional>
 #include <initializer_list>
@@ -66,15 +67,9 @@ DISPID idOf(IDispatch* object, const wchar_t* name);
 // An object of the case's own: its default property (DISPID_VALUE, got without arguments) is the
 // text "own", it has no other member nor names nor type information, and the references others
 // take on it can be counted.
-class OwnObject final : public automation::ComObject<OwnObject, IDispatch> {
+class OwnObject final : public automation::ComObject<OwnObject, UntypedDispatch<IDispatch>> {
 public:
     void* interfaceFor(REFIID iid);
-    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override
-    {
-        return E_NOTIMPL;
-    }
     HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID iid, LCID locale, WORD flags,
                                      DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* exception,
                                      UINT* argumentError) override;

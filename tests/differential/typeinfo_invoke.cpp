@@ -2,6 +2,7 @@
 // on both faces of a dual interface, the IDispatch CreateStdDispatch makes, and DispCallFunc with
 // every argument and result type a host member takes or gives.
 #include "typeinfo_texts.h"
+#include "untyped_dispatch.h"
 
 #include "automation/com_object.h"
 
@@ -26,24 +27,13 @@ struct LayoutInterface : IDispatch {
 };
 
 // A layout whose window fails for a lower-left corner that is a text.
-class ProbedLayout final : public automation::ComObject<ProbedLayout, LayoutInterface> {
+class ProbedLayout final : public automation::ComObject<ProbedLayout, EarlyBoundOnly<LayoutInterface>> {
 public:
     void* interfaceFor(REFIID iid)
     {
         return iid == IID_IUnknown || iid == IID_IDispatch || iid == kHostLayout
                    ? static_cast<LayoutInterface*>(this)
                    : nullptr;
-    }
-    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override
-    {
-        return E_NOTIMPL;
-    }
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*,
-                                     UINT*) override
-    {
-        return E_NOTIMPL;
     }
 
     HRESULT STDMETHODCALLTYPE get_Name(BSTR* name) override

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "automation.h"
+#include "untyped_dispatch.h"
 
 struct ITestWidget : IDispatch {
     // Leaves an error record with `description` for the calling thread and returns `status`.
@@ -20,7 +21,7 @@ AUTOMATION_DECLARE_UUID(ITestGadget, 0xed174930, 0x5f74, 0x4550, 0xa5, 0x42, 0xc
 _COM_SMARTPTR_TYPEDEF(ITestWidget, __uuidof(ITestWidget));
 _COM_SMARTPTR_TYPEDEF(ITestGadget, __uuidof(ITestGadget));
 
-class TestWidget final : public ITestWidget, public ISupportErrorInfo {
+class TestWidget final : public EarlyBoundOnly<ITestWidget>, public ISupportErrorInfo {
 public:
     explicit TestWidget(HRESULT refusal = E_NOINTERFACE) : m_refusal(refusal) {}
     TestWidget(const TestWidget&) = delete;
@@ -45,14 +46,6 @@ public:
     }
     ULONG STDMETHODCALLTYPE AddRef() override { return ++m_references; }
     ULONG STDMETHODCALLTYPE Release() override { return --m_references; }
-
-    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) override
-    {
-        return E_NOTIMPL;
-    }
 
     HRESULT STDMETHODCALLTYPE Fail(HRESULT status, LPOLESTR description) override
     {

@@ -4,6 +4,7 @@
 #include "import_cases_members.h"
 
 #include "automation/com_object.h"
+#include "untyped_dispatch.h"
 
 #include <gtest/gtest.h>
 
@@ -13,7 +14,7 @@
 
 namespace {
 
-class RecordingPainter final : public automation::ComObject<RecordingPainter, Painter> {
+class RecordingPainter final : public automation::ComObject<RecordingPainter, EarlyBoundOnly<Painter>> {
 public:
     long step = 0;
     _bstr_t label;
@@ -29,17 +30,6 @@ public:
         return nullptr;
     }
 
-    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override
-    {
-        return E_NOTIMPL;
-    }
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*,
-                                     UINT*) override
-    {
-        return E_NOTIMPL;
-    }
 
     HRESULT STDMETHODCALLTYPE raw_Count(long stepGiven, BSTR labelGiven, VARIANT_BOOL loudGiven,
                                         long* counted) override
