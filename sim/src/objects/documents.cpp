@@ -53,8 +53,9 @@ std::wstring refusalReason(HRESULT refused, const std::wstring& file)
     return L"drawing '" + file + L"' needs another password";
 }
 
-class DocumentsObject final : public HostCollection<HostDocuments, HostDocument, Document,
-                                                    decltype(HostState::documents), decltype(&namesDocument)> {
+class DocumentsObject final
+    : public HostCollection<HostDocuments, HostDocument, Document, decltype(HostState::documents),
+                            decltype(&namesDocument)> {
 public:
     explicit DocumentsObject(const CorePtr& core)
         : HostCollection(core, {members::HostDocuments::get_Count, members::HostDocuments::Item,

@@ -42,7 +42,8 @@ public:
 
     std::optional<CallSubject::ErrorOrigin> errorOrigin() const override
     {
-        return CallSubject::ErrorOrigin{&__uuidof(Interface), L"Zorb." + *text::fromUtf8(this->interfaceName())};
+        const std::wstring source = L"Zorb." + *text::fromUtf8(this->interfaceName());
+        return CallSubject::ErrorOrigin{&__uuidof(Interface), source};
     }
 
 protected:
