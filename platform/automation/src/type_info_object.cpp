@@ -53,46 +53,33 @@ TypeInfoObject* typeInfoObject(ITypeInfo* typeInfo) { return dynamic_cast<TypeIn
 
 TypeInfoObject::TypeInfoObject(TypeLibraryObject& library, const TypeModel& type, UINT index, TYPEKIND face,
                                bool detached)
-    : m_library(library), m_type(type), m_index(index), m_face(face), m_detached(detached)
+    : ComObject(0), m_library(library), m_type(type), m_index(index), m_face(face), m_detached(detached)
 {
 }
 
 TypeInfoObject::~TypeInfoObject() = default;
 
-HRESULT TypeInfoObject::QueryInterface(REFIID iid, void** object)
+void* TypeInfoObject::interfaceFor(REFIID iid)
 {
-    if (object == nullptr)
-        return E_POINTER;
-    *object = nullptr;
     if (iid == IID_IUnknown || iid == IID_ITypeInfo || iid == IID_ITypeInfo2)
-        *object = static_cast<ITypeInfo2*>(this);
-    else if (iid == IID_ITypeComp)
-        *object = static_cast<ITypeComp*>(this);
-    else
-        return E_NOINTERFACE;
-    AddRef();
-    return S_OK;
+        return static_cast<ITypeInfo2*>(this);
+    if (iid == IID_ITypeComp)
+        return static_cast<ITypeComp*>(this);
+    return nullptr;
 }
 
-// The first reference holds the library, so that a type information keeps its library alive.
-ULONG TypeInfoObject::AddRef()
+void TypeInfoObject::referenceAdded(ULONG count)
 {
-    const ULONG count = ++m_references;
     if (count == 1)
         m_library.AddRef();
-    return count;
 }
 
-ULONG TypeInfoObject::Release()
+void TypeInfoObject::lastReferenceGone()
 {
-    const ULONG left = --m_references;
-    if (left == 0) {
-        TypeLibraryObject& library = m_library;
-        if (m_detached)
-            delete this;
-        library.Release();  // may delete the library and with it this object
-    }
-    return left;
+    TypeLibraryObject& library = m_library;
+    if (m_detached)
+        delete this;
+    library.Release();  // may delete the library and with it this object
 }
 
 HRESULT TypeInfoObject::GetTypeAttr(TYPEATTR** attributes)

@@ -6,8 +6,6 @@
 
 #include "type_library_object.h"
 
-#include <atomic>
-
 namespace automation::detail {
 
 // The type information a type derives from, held while a walk goes down to it; the walks a thread
@@ -28,7 +26,7 @@ private:
     static thread_local int t_depth;
 };
 
-class TypeInfoObject final : public ITypeInfo2, public ITypeComp {
+class TypeInfoObject final : public ComObject<TypeInfoObject, ITypeInfo2, ITypeComp> {
 public:
     // A type the library owns (its references keep the library alive), or with `detached` another
     // face of one, which deletes itself when its last reference goes.
@@ -40,9 +38,7 @@ public:
     const TypeModel& type() const { return m_type; }
     TYPEKIND face() const { return m_face; }
 
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override;
-    ULONG STDMETHODCALLTYPE AddRef() override;
-    ULONG STDMETHODCALLTYPE Release() override;
+    void* interfaceFor(REFIID iid);
 
     HRESULT STDMETHODCALLTYPE GetTypeAttr(TYPEATTR** attributes) override;
     HRESULT STDMETHODCALLTYPE GetTypeComp(ITypeComp** typeComp) override;
@@ -90,6 +86,12 @@ public:
                                        ITypeComp** typeComp) override;
 
 private:
+    friend ComObject;
+    // The first reference holds the library, so that a type information keeps its library alive;
+    // the last lets it go, deleting this object first when the library does not own it.
+    void referenceAdded(ULONG count);
+    void lastReferenceGone();
+
     // The type information of the type this one derives from (its first implemented type).
     HRESULT base(BaseType& base);
     // Function `index` of a dispinterface, counting the functions of the types it derives from
@@ -104,7 +106,6 @@ private:
     const UINT m_index;
     const TYPEKIND m_face;
     const bool m_detached;
-    std::atomic<ULONG> m_references{0};
 };
 
 // Our own type information behind `typeInfo`; null for any other object.

@@ -2,23 +2,13 @@
 
 namespace sim::detail {
 
-void journalRelease(HostCore& core, const CallSubject& object, const char* interfaceName)
+HostReferenceCount::HostReferenceCount(std::shared_ptr<HostCore> core)
+    : m_core(std::move(core)), m_givenBy(m_core->callUnderWay), m_next(m_core->liveObjects)
 {
-    if (!core.installed || !core.journal.enabled() || !core.journal.recordsReleases())
-        return;
-    JournalEntry entry;
-    entry.object = object.journalName();
-    entry.method = std::string(interfaceName) + ".Release";
-    core.journal.record(std::move(entry));
-}
-
-HostReferenceCount::HostReferenceCount(HostCore& core, const CallSubject& object)
-    : m_core(core), m_object(object), m_givenBy(core.callUnderWay), m_next(core.liveObjects)
-{
-    ++m_core.references;
+    ++m_core->references;
     if (m_next != nullptr)
         m_next->m_previous = this;
-    m_core.liveObjects = this;
+    m_core->liveObjects = this;
 }
 
 HostReferenceCount::~HostReferenceCount()
@@ -26,29 +16,48 @@ HostReferenceCount::~HostReferenceCount()
     if (m_previous != nullptr)
         m_previous->m_next = m_next;
     else
-        m_core.liveObjects = m_next;
+        m_core->liveObjects = m_next;
     if (m_next != nullptr)
         m_next->m_previous = m_previous;
+}
+
+void HostReferenceCount::counted()
+{
+    ++m_core->references;
+    if (m_core->callUnderWay != nullptr)
+        m_givenBy = m_core->callUnderWay;
+}
+
+// A release is recorded only while the host is still installed.
+void HostReferenceCount::uncounted()
+{
+    if (m_core->journal.recordsReleases() && m_core->installed && m_core->journal.enabled()) {
+        JournalEntry entry;
+        entry.object = journalName();
+        entry.method = std::string(interfaceName()) + ".Release";
+        m_core->journal.record(std::move(entry));
+    }
+    --m_core->references;
 }
 
 void HostReferenceCount::keepForHost()
 {
     ++m_keptByHost;
-    ++m_core.hostReferences;
+    ++m_core->hostReferences;
 }
 
 void HostReferenceCount::letGoForHost()
 {
     --m_keptByHost;
-    --m_core.hostReferences;
+    --m_core->hostReferences;
 }
 
 std::optional<HeldObject> HostReferenceCount::heldByCallers() const
 {
-    const long held = static_cast<long>(m_count) - m_keptByHost;
+    const long held = static_cast<long>(references()) - m_keptByHost;
     if (held <= 0)
         return std::nullopt;
-    return HeldObject{m_object.journalName(), held, m_givenBy != nullptr ? m_givenBy : ""};
+    return HeldObject{journalName(), held, m_givenBy != nullptr ? m_givenBy : ""};
 }
 
 }  // namespace sim::detail

@@ -1,7 +1,6 @@
 // The open drawings, and one drawing.
 #include "model/builders.h"
-#include "calls/arguments_in.h"
-#include "objects/host_object.h"
+#include "objects/collection.h"
 #include "objects/objects.h"
 
 #include <algorithm>
@@ -54,32 +53,18 @@ std::wstring refusalReason(HRESULT refused, const std::wstring& file)
     return L"drawing '" + file + L"' needs another password";
 }
 
-class DocumentsObject final : public HostObject<HostDocuments>, public EnumerableCollection {
+class DocumentsObject final
+    : public HostCollection<HostDocuments, HostDocument, Document, decltype(HostState::documents),
+                            decltype(&namesDocument)> {
 public:
-    explicit DocumentsObject(const CorePtr& core) : HostObject(core) {}
+    explicit DocumentsObject(const CorePtr& core)
+        : HostCollection(core, {members::HostDocuments::get_Count, members::HostDocuments::Item,
+                                members::HostDocuments::_NewEnum, kDocumentPosition, L"open drawing",
+                                namesDocument})
+    {
+    }
 
     std::string journalName() const override { return "HostDocuments"; }
-
-    HRESULT STDMETHODCALLTYPE get_Count(LONG* count) override
-    {
-        Call call = begin(members::HostDocuments::get_Count);
-        if (!call.accepts(count))
-            return call.status();
-        return call.giveValue(count, static_cast<LONG>(memberCount()));
-    }
-
-    HRESULT STDMETHODCALLTYPE raw_Item(VARIANT index, HostDocument** document) override
-    {
-        Call call = begin(members::HostDocuments::Item, {Arg::variant(index)});
-        if (!call.accepts(document))
-            return call.status();
-        const auto& documents = state().documents;
-        size_t position = 0;
-        if (!findPosition(call, index, kDocumentPosition, documents, L"open drawing", namesDocument,
-                          position))
-            return call.status();
-        return call.giveObject(document, [&] { return memberAt(position); });
-    }
 
     // The drawing opened becomes the active one, read-only when asked, and keeps the DWGCHECK value
     // it was opened under. A drawing that is already open is not opened a second time: it is made
@@ -127,22 +112,12 @@ public:
         return call.giveObject(document, [&] { return newDocument(sharedCore(), opened); });
     }
 
-    HRESULT STDMETHODCALLTYPE raw__NewEnum(IUnknown** enumeration) override
-    {
-        return giveEnumeration(members::HostDocuments::_NewEnum, *this, enumeration);
-    }
-
-    size_t memberCount() const override { return state().documents.size(); }
-    IDispatch* newMember(size_t position) override { return memberAt(position); }
-
 protected:
     const char* interfaceName() const override { return "HostDocuments"; }
-
-private:
-    HostDocument* memberAt(size_t position)
+    const Nodes& nodes() const override { return state().documents; }
+    HostDocument* newObjectFor(const std::shared_ptr<Document>& document) override
     {
-        core().seats.remember(state().documents, position);
-        return newDocument(sharedCore(), state().documents[position]);
+        return newDocument(sharedCore(), document);
     }
 };
 

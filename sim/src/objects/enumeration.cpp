@@ -8,35 +8,19 @@
 namespace sim::detail {
 namespace {
 
-class EnumerationObject final : public IEnumVARIANT, public CallSubject {
+class EnumerationObject final : public CountedByHost<EnumerationObject, IEnumVARIANT> {
 public:
     EnumerationObject(std::shared_ptr<HostCore> core, IUnknown* collection, const CallSubject& named,
                       EnumerableCollection& members, size_t position)
-        : m_core(std::move(core)), m_references(*m_core, *this), m_collection(collection), m_named(named),
-          m_members(members), m_position(position)
+        : CountedByHost(std::move(core)), m_collection(collection), m_named(named), m_members(members),
+          m_position(position)
     {
     }
-    EnumerationObject(const EnumerationObject&) = delete;
-    EnumerationObject& operator=(const EnumerationObject&) = delete;
 
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override
+    void* interfaceFor(REFIID iid)
     {
-        if (object == nullptr)
-            return E_POINTER;
-        *object = nullptr;
-        if (iid != IID_IUnknown && iid != __uuidof(IEnumVARIANT))
-            return E_NOINTERFACE;
-        *object = static_cast<IEnumVARIANT*>(this);
-        AddRef();
-        return S_OK;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return m_references.add(); }
-    ULONG STDMETHODCALLTYPE Release() override
-    {
-        const ULONG left = m_references.release(*this, [] { return "IEnumVARIANT"; });
-        if (left == 0)
-            delete this;
-        return left;
+        const bool answered = iid == IID_IUnknown || iid == __uuidof(IEnumVARIANT);
+        return answered ? static_cast<IEnumVARIANT*>(this) : nullptr;
     }
 
     // The journal names an enumeration's calls after its collection: "IEnumVARIANT.Next" on
@@ -47,7 +31,7 @@ public:
     // Every item asked for starts empty, so that a failed call leaves nothing the caller must clear.
     HRESULT STDMETHODCALLTYPE Next(ULONG count, VARIANT* items, ULONG* fetched) override
     {
-        Call call(*m_core, *this, undescribed::enumerationNext.name, {Arg::number(static_cast<long>(count))});
+        Call call(core(), *this, undescribed::enumerationNext.name, {Arg::number(static_cast<long>(count))});
         if (fetched != nullptr)
             *fetched = 0;
         for (ULONG i = 0; items != nullptr && i < count; ++i)
@@ -68,7 +52,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE Skip(ULONG count) override
     {
-        Call call(*m_core, *this, undescribed::enumerationSkip.name, {Arg::number(static_cast<long>(count))});
+        Call call(core(), *this, undescribed::enumerationSkip.name, {Arg::number(static_cast<long>(count))});
         if (call.refused())
             return call.status();
         const size_t members = m_members.memberCount();
@@ -79,7 +63,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE Reset() override
     {
-        Call call(*m_core, *this, undescribed::enumerationReset.name);
+        Call call(core(), *this, undescribed::enumerationReset.name);
         if (call.refused())
             return call.status();
         m_position = 0;
@@ -88,19 +72,21 @@ public:
 
     HRESULT STDMETHODCALLTYPE Clone(IEnumVARIANT** copy) override
     {
-        Call call(*m_core, *this, undescribed::enumerationClone.name);
+        Call call(core(), *this, undescribed::enumerationClone.name);
         if (!call.accepts(copy))
             return call.status();
         return call.giveObject(copy, [&] {
-            return new EnumerationObject(m_core, m_collection, m_named, m_members, m_position);
+            return new EnumerationObject(sharedCore(), m_collection, m_named, m_members, m_position);
         });
     }
 
+protected:
+    const char* interfaceName() const override { return "IEnumVARIANT"; }
+
 private:
+    friend ComObject;  // only the last Release deletes it
     ~EnumerationObject() = default;
 
-    std::shared_ptr<HostCore> m_core;
-    HostReferenceCount m_references;
     IUnknownPtr m_collection;  // keeps m_named and m_members alive
     const CallSubject& m_named;
     EnumerableCollection& m_members;

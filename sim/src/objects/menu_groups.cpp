@@ -1,7 +1,6 @@
 // The loaded menu groups, and one group.
 #include "model/copy.h"
-#include "calls/arguments_in.h"
-#include "objects/host_object.h"
+#include "objects/collection.h"
 #include "objects/objects.h"
 
 #include <algorithm>
@@ -18,32 +17,16 @@ std::unordered_set<const PopupMenu*> menusOf(const MenuGroup& group)
     return menus;
 }
 
-class MenuGroupsObject final : public HostObject<HostMenuGroups>, public EnumerableCollection {
+class MenuGroupsObject final : public HostCollection<HostMenuGroups, HostMenuGroup, MenuGroup> {
 public:
-    explicit MenuGroupsObject(const CorePtr& core) : HostObject(core) {}
+    explicit MenuGroupsObject(const CorePtr& core)
+        : HostCollection(core, {members::HostMenuGroups::get_Count, members::HostMenuGroups::Item,
+                                members::HostMenuGroups::_NewEnum, kMenuPosition, L"menu group",
+                                namedBy(&MenuGroup::name)})
+    {
+    }
 
     std::string journalName() const override { return "HostMenuGroups"; }
-
-    HRESULT STDMETHODCALLTYPE get_Count(LONG* count) override
-    {
-        Call call = begin(members::HostMenuGroups::get_Count);
-        if (!call.accepts(count))
-            return call.status();
-        return call.giveValue(count, static_cast<LONG>(memberCount()));
-    }
-
-    HRESULT STDMETHODCALLTYPE raw_Item(VARIANT index, HostMenuGroup** group) override
-    {
-        Call call = begin(members::HostMenuGroups::Item, {Arg::variant(index)});
-        if (!call.accepts(group))
-            return call.status();
-        const auto& groups = state().menuGroups;
-        size_t position = 0;
-        if (!findPosition(call, index, kMenuPosition, groups, L"menu group", namedBy(&MenuGroup::name),
-                          position))
-            return call.status();
-        return call.giveObject(group, [&] { return memberAt(position); });
-    }
 
     // The file is found by its path as the host compares paths; its group loads as a fresh copy of
     // what the file defines, after the groups already loaded.
@@ -79,22 +62,12 @@ public:
         return call.giveObject(group, [&] { return newMenuGroup(sharedCore(), state().menuGroups.back()); });
     }
 
-    HRESULT STDMETHODCALLTYPE raw__NewEnum(IUnknown** enumeration) override
-    {
-        return giveEnumeration(members::HostMenuGroups::_NewEnum, *this, enumeration);
-    }
-
-    size_t memberCount() const override { return state().menuGroups.size(); }
-    IDispatch* newMember(size_t position) override { return memberAt(position); }
-
 protected:
     const char* interfaceName() const override { return "HostMenuGroups"; }
-
-private:
-    HostMenuGroup* memberAt(size_t position)
+    const Nodes& nodes() const override { return state().menuGroups; }
+    HostMenuGroup* newObjectFor(const std::shared_ptr<MenuGroup>& group) override
     {
-        core().seats.remember(state().menuGroups, position);
-        return newMenuGroup(sharedCore(), state().menuGroups[position]);
+        return newMenuGroup(sharedCore(), group);
     }
 };
 

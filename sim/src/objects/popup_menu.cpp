@@ -1,14 +1,20 @@
 // One popup menu: a group's menu or a submenu.
-#include "calls/arguments_in.h"
-#include "objects/host_object.h"
+#include "objects/collection.h"
 #include "objects/objects.h"
 
 namespace sim::detail {
 namespace {
 
-class PopupMenuObject final : public HostObject<HostPopupMenu>, public EnumerableCollection {
+class PopupMenuObject final
+    : public HostCollection<HostPopupMenu, HostPopupMenuItem, PopupMenuItem, decltype(PopupMenu::items)> {
 public:
-    PopupMenuObject(const CorePtr& core, MenuPlace place) : HostObject(core), m_place(std::move(place)) {}
+    PopupMenuObject(const CorePtr& core, MenuPlace place)
+        : HostCollection(core, {members::HostPopupMenu::get_Count, members::HostPopupMenu::Item,
+                                members::HostPopupMenu::_NewEnum, kMenuPosition, L"menu item",
+                                namedBy(&PopupMenuItem::label)}),
+          m_place(std::move(place))
+    {
+    }
 
     std::string journalName() const override { return "HostPopupMenu " + nameOf(m_place); }
     std::wstring goneReason() const override { return detail::goneReason(core(), m_place); }
@@ -49,27 +55,6 @@ public:
         if (!call.accepts(onMenuBar))
             return call.status();
         return call.giveValue(onMenuBar, isOnMenuBar() ? VARIANT_TRUE : VARIANT_FALSE);
-    }
-
-    HRESULT STDMETHODCALLTYPE get_Count(LONG* count) override
-    {
-        Call call = begin(members::HostPopupMenu::get_Count);
-        if (!call.accepts(count))
-            return call.status();
-        return call.giveValue(count, static_cast<LONG>(memberCount()));
-    }
-
-    HRESULT STDMETHODCALLTYPE raw_Item(VARIANT index, HostPopupMenuItem** item) override
-    {
-        Call call = begin(members::HostPopupMenu::Item, {Arg::variant(index)});
-        if (!call.accepts(item))
-            return call.status();
-        const auto& items = m_place.menu->items;
-        size_t position = 0;
-        if (!findPosition(call, index, kMenuPosition, items, L"menu item", namedBy(&PopupMenuItem::label),
-                          position))
-            return call.status();
-        return call.giveObject(item, [&] { return memberAt(position); });
     }
 
     HRESULT STDMETHODCALLTYPE raw_AddMenuItem(VARIANT index, BSTR label, BSTR macro,
@@ -147,25 +132,15 @@ public:
         return call.succeed();
     }
 
-    HRESULT STDMETHODCALLTYPE raw__NewEnum(IUnknown** enumeration) override
-    {
-        return giveEnumeration(members::HostPopupMenu::_NewEnum, *this, enumeration);
-    }
-
-    size_t memberCount() const override { return m_place.menu->items.size(); }
-    IDispatch* newMember(size_t position) override { return memberAt(position); }
-
 protected:
     const char* interfaceName() const override { return "HostPopupMenu"; }
-
-private:
-    HostPopupMenuItem* memberAt(size_t position)
+    const Nodes& nodes() const override { return m_place.menu->items; }
+    HostPopupMenuItem* newObjectFor(const std::shared_ptr<PopupMenuItem>& item) override
     {
-        const auto& items = m_place.menu->items;
-        core().seats.remember(items, position);
-        return newPopupMenuItem(sharedCore(), m_place, items[position]);
+        return newPopupMenuItem(sharedCore(), m_place, item);
     }
 
+private:
     bool isOnMenuBar() const
     {
         return m_place.submenuItems.empty() && core().seats.contains(state().menuBar, m_place.menu.get());

@@ -1,66 +1,44 @@
 // A menu group's toolbars, and one toolbar.
-#include "calls/arguments_in.h"
-#include "objects/host_object.h"
+#include "objects/collection.h"
 #include "objects/objects.h"
 
 namespace sim::detail {
 namespace {
 
-class ToolbarsObject final : public HostObject<HostToolbars>, public EnumerableCollection {
+class ToolbarsObject final : public HostCollection<HostToolbars, HostToolbar, Toolbar> {
 public:
     ToolbarsObject(const CorePtr& core, std::shared_ptr<MenuGroup> group)
-        : HostObject(core), m_group(std::move(group))
+        : HostCollection(core, {members::HostToolbars::get_Count, members::HostToolbars::Item,
+                                members::HostToolbars::_NewEnum, kToolbarPosition, L"toolbar",
+                                namedBy(&Toolbar::name)}),
+          m_group(std::move(group))
     {
     }
 
     std::string journalName() const override { return "HostToolbars " + nameOf(*m_group); }
     std::wstring goneReason() const override { return detail::goneReason(core(), *m_group); }
 
-    HRESULT STDMETHODCALLTYPE get_Count(LONG* count) override
-    {
-        Call call = begin(members::HostToolbars::get_Count);
-        if (!call.accepts(count))
-            return call.status();
-        return call.giveValue(count, static_cast<LONG>(memberCount()));
-    }
-
-    HRESULT STDMETHODCALLTYPE raw_Item(VARIANT index, HostToolbar** toolbar) override
-    {
-        Call call = begin(members::HostToolbars::Item, {Arg::variant(index)});
-        if (!call.accepts(toolbar))
-            return call.status();
-        const auto& toolbars = m_group->toolbars;
-        size_t position = 0;
-        if (!findPosition(call, index, kToolbarPosition, toolbars, L"toolbar", namedBy(&Toolbar::name),
-                          position))
-            return call.status();
-        return call.giveObject(toolbar, [&] { return memberAt(position); });
-    }
-
-    HRESULT STDMETHODCALLTYPE raw__NewEnum(IUnknown** enumeration) override
-    {
-        return giveEnumeration(members::HostToolbars::_NewEnum, *this, enumeration);
-    }
-
-    size_t memberCount() const override { return m_group->toolbars.size(); }
-    IDispatch* newMember(size_t position) override { return memberAt(position); }
-
 protected:
     const char* interfaceName() const override { return "HostToolbars"; }
-
-private:
-    HostToolbar* memberAt(size_t position)
+    const Nodes& nodes() const override { return m_group->toolbars; }
+    HostToolbar* newObjectFor(const std::shared_ptr<Toolbar>& toolbar) override
     {
-        core().seats.remember(m_group->toolbars, position);
-        return newToolbar(sharedCore(), ToolbarPlace{m_group, m_group->toolbars[position]});
+        return newToolbar(sharedCore(), ToolbarPlace{m_group, toolbar});
     }
 
+private:
     std::shared_ptr<MenuGroup> m_group;
 };
 
-class ToolbarObject final : public HostObject<HostToolbar>, public EnumerableCollection {
+class ToolbarObject final : public HostCollection<HostToolbar, HostToolbarItem, ToolbarButton> {
 public:
-    ToolbarObject(const CorePtr& core, ToolbarPlace place) : HostObject(core), m_place(std::move(place)) {}
+    ToolbarObject(const CorePtr& core, ToolbarPlace place)
+        : HostCollection(core, {members::HostToolbar::get_Count, members::HostToolbar::Item,
+                                members::HostToolbar::_NewEnum, kToolbarPosition, L"toolbar button",
+                                namedBy(&ToolbarButton::name)}),
+          m_place(std::move(place))
+    {
+    }
 
     std::string journalName() const override { return "HostToolbar " + nameOf(core(), m_place); }
     std::wstring goneReason() const override { return detail::goneReason(core(), m_place); }
@@ -144,27 +122,6 @@ public:
         return call.succeed();
     }
 
-    HRESULT STDMETHODCALLTYPE get_Count(LONG* count) override
-    {
-        Call call = begin(members::HostToolbar::get_Count);
-        if (!call.accepts(count))
-            return call.status();
-        return call.giveValue(count, static_cast<LONG>(memberCount()));
-    }
-
-    HRESULT STDMETHODCALLTYPE raw_Item(VARIANT index, HostToolbarItem** button) override
-    {
-        Call call = begin(members::HostToolbar::Item, {Arg::variant(index)});
-        if (!call.accepts(button))
-            return call.status();
-        const auto& buttons = toolbar().buttons;
-        size_t position = 0;
-        if (!findPosition(call, index, kToolbarPosition, buttons, L"toolbar button",
-                          namedBy(&ToolbarButton::name), position))
-            return call.status();
-        return call.giveObject(button, [&] { return memberAt(position); });
-    }
-
     HRESULT STDMETHODCALLTYPE raw_AddButton(VARIANT index, BSTR name, BSTR helpString, BSTR macro,
                                             HostToolbarItem** button) override
     {
@@ -190,25 +147,15 @@ public:
         return call.giveObject(button, [&] { return newToolbarItem(sharedCore(), m_place, added); });
     }
 
-    HRESULT STDMETHODCALLTYPE raw__NewEnum(IUnknown** enumeration) override
-    {
-        return giveEnumeration(members::HostToolbar::_NewEnum, *this, enumeration);
-    }
-
-    size_t memberCount() const override { return toolbar().buttons.size(); }
-    IDispatch* newMember(size_t position) override { return memberAt(position); }
-
 protected:
     const char* interfaceName() const override { return "HostToolbar"; }
-
-private:
-    HostToolbarItem* memberAt(size_t position)
+    const Nodes& nodes() const override { return toolbar().buttons; }
+    HostToolbarItem* newObjectFor(const std::shared_ptr<ToolbarButton>& button) override
     {
-        const auto& buttons = toolbar().buttons;
-        core().seats.remember(buttons, position);
-        return newToolbarItem(sharedCore(), m_place, buttons[position]);
+        return newToolbarItem(sharedCore(), m_place, button);
     }
 
+private:
     Toolbar& toolbar() const { return *m_place.toolbar; }
 
     HRESULT readPlacement(const members::Member& method, long Toolbar::*field, LONG* value)

@@ -7,6 +7,8 @@
 #include "server/control_object.h"
 #include "server/served_host.h"
 
+#include "automation/com_object.h"
+
 #include <olectl.h>
 
 #include <atomic>
@@ -56,23 +58,14 @@ const ServedClass kClasses[] = {
 };
 
 // Each class's factory lives as long as the DLL; its references only keep the server loaded.
-class ClassFactory final : public IClassFactory {
+class ClassFactory final : public automation::ComObject<ClassFactory, IClassFactory> {
 public:
-    explicit ClassFactory(const ServedClass& served) : m_served(served) {}
+    explicit ClassFactory(const ServedClass& served) : ComObject(0), m_served(served) {}
 
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override
+    void* interfaceFor(REFIID iid)
     {
-        if (object == nullptr)
-            return E_POINTER;
-        *object = nullptr;
-        if (iid != IID_IUnknown && iid != IID_IClassFactory)
-            return E_NOINTERFACE;
-        *object = static_cast<IClassFactory*>(this);
-        AddRef();
-        return S_OK;
+        return iid == IID_IUnknown || iid == IID_IClassFactory ? static_cast<IClassFactory*>(this) : nullptr;
     }
-    ULONG STDMETHODCALLTYPE AddRef() override { return static_cast<ULONG>(++g_serverLocks); }
-    ULONG STDMETHODCALLTYPE Release() override { return static_cast<ULONG>(--g_serverLocks); }
 
     HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID iid, void** object) override
     {
@@ -90,6 +83,11 @@ public:
     }
 
 private:
+    friend ComObject;
+    void referenceAdded(ULONG) { ++g_serverLocks; }
+    void referenceReleased(ULONG) { --g_serverLocks; }
+    void lastReferenceGone() {}
+
     const ServedClass& m_served;
 };
 

@@ -1,7 +1,14 @@
-// The IUnknown of an object made with `new` that implements interfaces of its own: a thread-safe
-// count of references that starts at one and deletes the object when it falls to zero, and a
-// QueryInterface that gives what `Object::interfaceFor(iid)` names (null: not implemented).
-// `Object` derives from ComObject<Object, Bases...> and is final, so that the delete reaches it.
+// The IUnknown of an object that implements interfaces of its own: a thread-safe count of
+// references, and a QueryInterface that gives what `Object::interfaceFor(iid)` names, or
+// E_NOINTERFACE and null where it names nothing.
+//
+// `Object` derives from ComObject<Object, Bases...>. It may hide these steps, which the base calls
+// on it (making the base a friend where they are private):
+//   referenceAdded(count)    after a reference was added; `count` is the number now held
+//   referenceReleased(left)  after one was let go, before the object may go
+//   lastReferenceGone()      when none are left; by default deletes the object through `Object`,
+//                            which is final or has a virtual destructor
+// An object made without a reference for its maker passes its first count, 0, to the constructor.
 #pragma once
 
 #include "automation.h"
@@ -20,27 +27,41 @@ public:
     {
         if (object == nullptr)
             return E_POINTER;
-        *object = static_cast<Object*>(this)->interfaceFor(iid);
+        *object = self().interfaceFor(iid);
         if (*object == nullptr)
             return E_NOINTERFACE;
         AddRef();
         return S_OK;
     }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++m_references; }
+    ULONG STDMETHODCALLTYPE AddRef() override
+    {
+        const ULONG count = ++m_references;
+        self().referenceAdded(count);
+        return count;
+    }
     ULONG STDMETHODCALLTYPE Release() override
     {
         const ULONG left = --m_references;
+        self().referenceReleased(left);
         if (left == 0)
-            delete static_cast<Object*>(this);
+            self().lastReferenceGone();
         return left;
     }
 
 protected:
-    ComObject() = default;
+    explicit ComObject(ULONG references = 1) : m_references(references) {}
     ~ComObject() = default;
 
+    ULONG referenceCount() const { return m_references; }
+
+    void referenceAdded(ULONG) {}
+    void referenceReleased(ULONG) {}
+    void lastReferenceGone() { delete &self(); }
+
 private:
-    std::atomic<ULONG> m_references{1};
+    Object& self() { return static_cast<Object&>(*this); }
+
+    std::atomic<ULONG> m_references;
 };
 
 }  // namespace automation
