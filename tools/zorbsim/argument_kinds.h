@@ -8,13 +8,13 @@
 #include "automation_failure.h"
 #include "input_error.h"
 #include "json_values.h"
-#include "sim/utf8.h"
 
 #include "ZORBAppUtilities.h"
 
 #include "MxtArray"
 #include "MxtString"
 #include "automation.h"
+#include "automation/utf8.h"
 #include "host/object_model.h"
 #include "host/plot_settings.h"
 #include "host/sdk.h"
@@ -37,7 +37,7 @@ struct MxtStringValue {
     {
         return MxtString(readWideString(value, place).c_str());
     }
-    static nlohmann::json write(const Held& held) { return sim::text::toUtf8(held.getStringW()); }
+    static nlohmann::json write(const Held& held) { return automation_text::toUtf8(held.getStringW()); }
 };
 
 struct BstrValue {
@@ -48,7 +48,7 @@ struct BstrValue {
     }
     static nlohmann::json write(const Held& held)
     {
-        return sim::text::toUtf8(std::wstring_view(
+        return automation_text::toUtf8(std::wstring_view(
             static_cast<const wchar_t*>(held) ? static_cast<const wchar_t*>(held) : L"", held.length()));
     }
 };

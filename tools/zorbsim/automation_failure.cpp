@@ -1,6 +1,6 @@
 #include "automation_failure.h"
 
-#include "sim/utf8.h"
+#include "automation/utf8.h"
 
 #include <cstdint>
 #include <cstdio>
@@ -11,7 +11,7 @@ namespace {
 std::string messageOf(const _com_error& error)
 {
     const auto* message = error.ErrorMessage();
-    return message == nullptr ? std::string() : sim::text::toUtf8(message);
+    return message == nullptr ? std::string() : automation_text::toUtf8(message);
 }
 
 // Reading the description allocates a string, which an armed allocation fault may refuse; the
@@ -22,7 +22,7 @@ std::string descriptionOf(const _com_error& error)
         const _bstr_t description = error.Description();
         const wchar_t* text = description;
         return text == nullptr ? std::string()
-                               : sim::text::toUtf8(std::wstring_view(text, description.length()));
+                               : automation_text::toUtf8(std::wstring_view(text, description.length()));
     }
     catch (const _com_error&) {
         return std::string();

@@ -1,7 +1,7 @@
 #include "json_values.h"
 
 #include "sim/journal.h"
-#include "sim/utf8.h"
+#include "automation/utf8.h"
 
 #include <algorithm>
 #include <optional>
@@ -19,7 +19,7 @@ std::string readString(const nlohmann::json& value, const InputPlace& place)
 
 std::wstring readWideString(const nlohmann::json& value, const InputPlace& place)
 {
-    std::optional<std::wstring> text = sim::text::fromUtf8(readString(value, place));
+    std::optional<std::wstring> text = automation_text::fromUtf8(readString(value, place));
     if (!text)
         place.fail("expected UTF-8 text");
     return std::move(*text);
