@@ -3,11 +3,11 @@
 // JSON path. The state is built aside and handed out whole, so bad input never half-loads.
 #include "sim/state_json.h"
 
+#include "sim/json_reader.h"
 #include "sim/json_text.h"
 
 #include "faults/check.h"
 #include "json/names.h"
-#include "json/reader.h"
 #include "model/menu_places.h"
 #include "journal/status_names.h"
 #include "model/text.h"
@@ -20,7 +20,16 @@
 namespace sim {
 namespace {
 
-using detail::JsonReader;
+// Host states are the simulator's input: their complaints are StateErrors.
+class StateSource : public JsonSource {
+public:
+    std::exception_ptr rejection(const std::string& path, const std::string& problem) const override
+    {
+        return std::make_exception_ptr(StateError(path, problem));
+    }
+};
+
+const StateSource kStateSource{};
 
 constexpr long long kLongLowest = INT32_MIN;  // LONG on the host's side is 32 bits
 constexpr long long kLongHighest = INT32_MAX;
@@ -517,12 +526,12 @@ HostState readState(const JsonReader& in)
 
 HostState stateFromJson(const nlohmann::json& document)
 {
-    return readState(JsonReader(document, ""));
+    return readState(JsonReader(document, kStateSource));
 }
 
 std::vector<Fault> faultsFromJson(const nlohmann::json& document)
 {
-    return readFaults(JsonReader(document, ""));
+    return readFaults(JsonReader(document, kStateSource));
 }
 
 HostState loadStateFile(const std::string& path)
