@@ -18,6 +18,7 @@
 #include "host/object_model.h"
 #include "host/plot_settings.h"
 #include "host/sdk.h"
+#include "sim/journal.h"
 
 #include <nlohmann/json.hpp>
 
@@ -271,7 +272,7 @@ struct StatusCode {
 
 template <> struct ResultKind<StatusCode> {
     static constexpr const char* name = "status";
-    static nlohmann::json write(StatusCode status) { return hexStatus(static_cast<HRESULT>(status.code)); }
+    static nlohmann::json write(StatusCode status) { return sim::statusInHex(static_cast<HRESULT>(status.code)); }
     static void check(const nlohmann::json& value, const InputPlace& place)
     {
         (void)readStatusCode(place.read(value));

@@ -1,9 +1,8 @@
 #include "automation_failure.h"
 
-#include "automation/utf8.h"
+#include "sim/journal.h"
 
-#include <cstdint>
-#include <cstdio>
+#include "automation/utf8.h"
 
 namespace zorbsim {
 namespace {
@@ -41,17 +40,11 @@ std::string platformMessage(HRESULT code)
     return messageOf(_com_error(code));
 }
 
-std::string hexStatus(HRESULT code)
-{
-    char text[16];
-    std::snprintf(text, sizeof text, "0x%08lX", static_cast<unsigned long>(static_cast<std::uint32_t>(code)));
-    return text;
-}
-
 std::string statusWithMessage(HRESULT code)
 {
     const std::string message = platformMessage(code);
-    return message.empty() ? hexStatus(code) : hexStatus(code) + " (" + message + ")";
+    const std::string hex = sim::statusInHex(code);
+    return message.empty() ? hex : hex + " (" + message + ")";
 }
 
 }  // namespace zorbsim

@@ -5,11 +5,11 @@
 
 #include "sim/json_reader.h"
 #include "sim/json_text.h"
+#include "sim/journal.h"
 
 #include "faults/check.h"
 #include "json/names.h"
 #include "model/menu_places.h"
-#include "journal/status_names.h"
 #include "model/text.h"
 
 #include <climits>
@@ -275,7 +275,7 @@ ZoomRequest readZoom(const JsonReader& in)
 HRESULT readStatus(const JsonReader& in)
 {
     if (in.isText()) {
-        if (const auto status = statusFromName(text::toUtf8(in.text())))
+        if (const auto status = statusNamed(text::toUtf8(in.text())))
             return *status;
         in.expected("a status name such as \"E_FAIL\" or a code such as \"0x80004005\"");
     }

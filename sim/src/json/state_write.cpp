@@ -1,9 +1,10 @@
 // A host state as JSON, in the form stateFromJson reads back to an equal state.
 #include "sim/state_json.h"
 
+#include "sim/journal.h"
+
 #include "json/names.h"
 #include "model/menu_places.h"
-#include "journal/status_names.h"
 #include "model/text.h"
 
 namespace sim {
@@ -153,7 +154,7 @@ json faultOf(const Fault& fault)
                 {"method", fault.method},
                 {"object", fault.object},
                 {"nth", fault.nth},
-                {"status", nameOfStatus(fault.status)},
+                {"status", statusName(fault.status)},
                 {"matchingCallsSeen", fault.matchingCallsSeen}};
     switch (fault.answer.kind) {
     case Answer::Kind::hostValue:
