@@ -33,7 +33,7 @@ std::exception_ptr InputPlace::rejection(const std::string& path, const std::str
     return std::make_exception_ptr(InputError(textAt(path) + ": " + problem));
 }
 
-std::string InputPlace::unknownMember(std::initializer_list<const char*> known) const
+std::string InputPlace::unknownMember(const std::vector<const char*>& known) const
 {
     std::string names;
     for (const char* key : known)

@@ -44,7 +44,7 @@ public:
     }
     std::exception_ptr rejection(const std::string& path, const std::string& problem) const override;
     std::string booleanExpected() const override { return "true or false"; }
-    std::string unknownMember(std::initializer_list<const char*> known) const override;
+    std::string unknownMember(const std::vector<const char*>& known) const override;
 
 private:
     std::string textAt(const std::string& pointer) const;

@@ -9,7 +9,6 @@
 #include <nlohmann/json.hpp>
 
 #include <exception>
-#include <initializer_list>
 #include <optional>
 #include <string>
 #include <utility>
@@ -25,7 +24,7 @@ public:
 
     // The user's words for two complaints, as its documentation shows them.
     virtual std::string booleanExpected() const;
-    virtual std::string unknownMember(std::initializer_list<const char*> known) const;
+    virtual std::string unknownMember(const std::vector<const char*>& known) const;
 
 protected:
     ~JsonSource() = default;
@@ -52,7 +51,7 @@ public:
     bool isObject() const { return m_value->is_object(); }
 
     // An object whose members are all among `known` (a misspelt member is an error, not ignored).
-    void expectObject(std::initializer_list<const char*> known) const;
+    void expectObject(const std::vector<const char*>& known) const;
     // A member of an object, or nothing when it is absent.
     std::optional<JsonReader> member(const char* name) const;
     // A member of an object that must be there: fails with `missing "name"` otherwise.

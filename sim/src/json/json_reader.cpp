@@ -8,7 +8,7 @@ namespace sim {
 
 std::string JsonSource::booleanExpected() const { return "a boolean"; }
 
-std::string JsonSource::unknownMember(std::initializer_list<const char*> known) const
+std::string JsonSource::unknownMember(const std::vector<const char*>& known) const
 {
     std::string names;
     for (const char* name : known)
@@ -43,7 +43,7 @@ JsonReader JsonReader::at(const std::string& key, const nlohmann::json& value) c
     return JsonReader(value, *m_source, jsonPathTo(m_path, key));
 }
 
-void JsonReader::expectObject(std::initializer_list<const char*> known) const
+void JsonReader::expectObject(const std::vector<const char*>& known) const
 {
     if (!m_value->is_object())
         expected("an object");
