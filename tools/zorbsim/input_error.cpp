@@ -16,7 +16,10 @@ InputPlace InputPlace::operator/(const std::string& key) const
     return place;
 }
 
-InputPlace InputPlace::operator/(std::size_t index) const { return *this / std::to_string(index); }
+InputPlace InputPlace::operator/(std::size_t index) const
+{
+    return *this / std::to_string(index);
+}
 
 std::string InputPlace::textAt(const std::string& pointer) const
 {

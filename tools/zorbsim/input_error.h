@@ -34,7 +34,10 @@ public:
     std::string text() const { return textAt(m_pointer); }
 
     // A reader of `value`, which stands at this place; the place must outlive it.
-    sim::JsonReader read(const nlohmann::json& value) const { return sim::JsonReader(value, *this, m_pointer); }
+    sim::JsonReader read(const nlohmann::json& value) const
+    {
+        return sim::JsonReader(value, *this, m_pointer);
+    }
 
     [[noreturn]] void fail(const std::string& message) const { failAt(m_pointer, message); }
     // Fails at `pointer` in this place's file and step, for a nested document's own complaints.

@@ -8,16 +8,25 @@ constexpr char32_t replacement = 0xFFFD;
 
 constexpr bool wideIsUtf16 = sizeof(wchar_t) == 2;
 
-bool isSurrogate(char32_t c) { return c >= 0xD800 && c <= 0xDFFF; }
+bool isSurrogate(char32_t c)
+{
+    return c >= 0xD800 && c <= 0xDFFF;
+}
 
-bool isScalarValue(char32_t c) { return c <= 0x10FFFF && !isSurrogate(c); }
+bool isScalarValue(char32_t c)
+{
+    return c <= 0x10FFFF && !isSurrogate(c);
+}
 
-bool isContinuation(unsigned char byte) { return (byte & 0xC0) == 0x80; }
+bool isContinuation(unsigned char byte)
+{
+    return (byte & 0xC0) == 0x80;
+}
 
 struct LeadByte {
-    int following;       // continuation bytes, -1 for a byte that cannot start a character
-    char32_t bits;       // the character's bits it carries
-    char32_t smallest;   // below this the sequence is overlong
+    int following;      // continuation bytes, -1 for a byte that cannot start a character
+    char32_t bits;      // the character's bits it carries
+    char32_t smallest;  // below this the sequence is overlong
 };
 
 LeadByte leadByte(unsigned char lead)

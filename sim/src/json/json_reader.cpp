@@ -6,7 +6,10 @@
 
 namespace sim {
 
-std::string JsonSource::booleanExpected() const { return "a boolean"; }
+std::string JsonSource::booleanExpected() const
+{
+    return "a boolean";
+}
 
 std::string JsonSource::unknownMember(const std::vector<const char*>& known) const
 {

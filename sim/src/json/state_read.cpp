@@ -204,7 +204,10 @@ std::shared_ptr<Document> readActiveDocument(const HostState& state, const JsonR
 // Each kind of value from JSON; a struct of the model by its fields.
 void readValue(const JsonReader& in, std::wstring& text) { text = in.text(); }
 void readValue(const JsonReader& in, bool& value) { value = in.boolean(); }
-void readValue(const JsonReader& in, short& value) { value = static_cast<short>(in.integer(SHRT_MIN, SHRT_MAX)); }
+void readValue(const JsonReader& in, short& value)
+{
+    value = static_cast<short>(in.integer(SHRT_MIN, SHRT_MAX));
+}
 void readValue(const JsonReader& in, Fault& fault) { fault = readFault(in); }
 
 void readValue(const JsonReader& in, ItemType& type)
@@ -240,7 +243,10 @@ void readValue(const JsonReader& in, std::pair<std::wstring, std::wstring>& flyo
         readValue(*toolbar, flyout.second);
 }
 
-template <class Struct> void readValue(const JsonReader& in, Struct& value) { value = objectFrom<Struct>(in); }
+template <class Struct> void readValue(const JsonReader& in, Struct& value)
+{
+    value = objectFrom<Struct>(in);
+}
 
 template <class Value> void readValue(const JsonReader& in, std::optional<Value>& value)
 {
@@ -305,7 +311,8 @@ void readField(const JsonReader& in, Struct& value, const detail::SparseField<St
     readValue(in, value.*field.member);
 }
 
-template <class Struct> void readField(const JsonReader& in, Struct& value, const detail::PointField<Struct>& field)
+template <class Struct>
+void readField(const JsonReader& in, Struct& value, const detail::PointField<Struct>& field)
 {
     const auto coordinates = in.elements();
     if (coordinates.size() != 2)
@@ -323,7 +330,8 @@ void readField(const JsonReader& in, Struct& value, const detail::FieldGroup<Str
 }
 
 // A position in the document's layouts (read before it), or a layout of its own.
-void readField(const JsonReader& in, Document& document, const detail::Field<Document, std::shared_ptr<Layout>>&)
+void readField(const JsonReader& in, Document& document,
+               const detail::Field<Document, std::shared_ptr<Layout>>&)
 {
     if (in.isNull()) {
         document.activeLayout = nullptr;
@@ -349,7 +357,8 @@ void readField(const JsonReader& in, HostState& state,
     state.menuBar = std::move(menuBar);
 }
 
-void readField(const JsonReader& in, HostState& state, const detail::Field<HostState, std::shared_ptr<Document>>&)
+void readField(const JsonReader& in, HostState& state,
+               const detail::Field<HostState, std::shared_ptr<Document>>&)
 {
     state.activeDocument = readActiveDocument(state, in);
 }

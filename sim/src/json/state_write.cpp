@@ -152,7 +152,8 @@ void writeField(json& out, const Struct& value, const detail::SparseField<Struct
         out[field.name] = valueOf(value.*field.member);
 }
 
-template <class Struct> void writeField(json& out, const Struct& value, const detail::PointField<Struct>& field)
+template <class Struct>
+void writeField(json& out, const Struct& value, const detail::PointField<Struct>& field)
 {
     out[field.name] = {value.*field.x, value.*field.y};
 }
@@ -165,18 +166,21 @@ void writeField(json& out, const Struct& value, const detail::FieldGroup<Struct,
 }
 
 // A submenu item without its menu says so; other items leave the member out.
-void writeField(json& out, const PopupMenuItem& item, const detail::Field<PopupMenuItem, std::shared_ptr<PopupMenu>>& field)
+void writeField(json& out, const PopupMenuItem& item,
+                const detail::Field<PopupMenuItem, std::shared_ptr<PopupMenu>>& field)
 {
     if (item.subMenu || item.type == ItemType::submenu)
         out[field.name] = valueOf(item.subMenu);
 }
 
-void writeField(json& out, const Document& document, const detail::Field<Document, std::shared_ptr<Layout>>& field)
+void writeField(json& out, const Document& document,
+                const detail::Field<Document, std::shared_ptr<Layout>>& field)
 {
     out[field.name] = activeLayoutOf(document);
 }
 
-void writeField(json& out, const HostState& state, const detail::Field<HostState, std::shared_ptr<Document>>& field)
+void writeField(json& out, const HostState& state,
+                const detail::Field<HostState, std::shared_ptr<Document>>& field)
 {
     out[field.name] = activeDocumentOf(state);
 }
@@ -190,7 +194,8 @@ void writeField(json& out, const HostState& state,
 template <class Struct> json objectOf(const Struct& value)
 {
     json out = json::object();
-    detail::forEachField(detail::Fields<Struct>::list, [&](const auto& field) { writeField(out, value, field); });
+    detail::forEachField(detail::Fields<Struct>::list,
+                         [&](const auto& field) { writeField(out, value, field); });
     return out;
 }
 

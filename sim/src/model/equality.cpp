@@ -103,7 +103,8 @@ bool sameField(const Struct& a, const Struct& b, const detail::SparseField<Struc
     return sameValue(a.*field.member, b.*field.member);
 }
 
-template <class Struct> bool sameField(const Struct& a, const Struct& b, const detail::PointField<Struct>& field)
+template <class Struct>
+bool sameField(const Struct& a, const Struct& b, const detail::PointField<Struct>& field)
 {
     return a.*field.x == b.*field.x && a.*field.y == b.*field.y;
 }
@@ -134,7 +135,8 @@ bool sameField(const HostState& a, const HostState& b,
 
 template <class Struct> bool sameFields(const Struct& a, const Struct& b)
 {
-    return detail::allFields(detail::Fields<Struct>::list, [&](const auto& field) { return sameField(a, b, field); });
+    return detail::allFields(detail::Fields<Struct>::list,
+                             [&](const auto& field) { return sameField(a, b, field); });
 }
 
 }  // namespace

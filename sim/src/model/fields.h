@@ -40,13 +40,15 @@ template <class Struct, class... Fields> struct FieldGroup {
     std::tuple<Fields...> fields;
 };
 
-template <class Struct, class Value> constexpr Field<Struct, Value> field(const char* name, Value Struct::*member)
+template <class Struct, class Value>
+constexpr Field<Struct, Value> field(const char* name, Value Struct::*member)
 {
     return {name, member};
 }
 
 template <class Struct>
-constexpr Field<Struct, long> wholeNumber(const char* name, long Struct::*member, long long lowest, long long highest)
+constexpr Field<Struct, long> wholeNumber(const char* name, long Struct::*member, long long lowest,
+                                          long long highest)
 {
     return {name, member, lowest, highest};
 }
@@ -57,12 +59,14 @@ constexpr SparseField<Struct, Value> sparse(const char* name, Value Struct::*mem
     return {name, member};
 }
 
-template <class Struct> constexpr PointField<Struct> point(const char* name, double Struct::*x, double Struct::*y)
+template <class Struct>
+constexpr PointField<Struct> point(const char* name, double Struct::*x, double Struct::*y)
 {
     return {name, x, y};
 }
 
-template <class Struct, class... Fields> constexpr FieldGroup<Struct, Fields...> group(const char* name, Fields... fields)
+template <class Struct, class... Fields>
+constexpr FieldGroup<Struct, Fields...> group(const char* name, Fields... fields)
 {
     return {name, std::make_tuple(fields...)};
 }
@@ -71,14 +75,15 @@ template <class Struct> struct Fields;
 
 template <> struct Fields<PopupMenuItem> {
     using S = PopupMenuItem;
-    static constexpr auto list = std::make_tuple(field("type", &S::type), sparse("label", &S::label),
-                                                 sparse("macro", &S::macro), sparse("tag", &S::tag),
-                                                 sparse("enabled", &S::enabled), field("submenu", &S::subMenu));
+    static constexpr auto list = std::make_tuple(
+        field("type", &S::type), sparse("label", &S::label), sparse("macro", &S::macro),
+        sparse("tag", &S::tag), sparse("enabled", &S::enabled), field("submenu", &S::subMenu));
 };
 
 template <> struct Fields<PopupMenu> {
     using S = PopupMenu;
-    static constexpr auto list = std::make_tuple(field("name", &S::name), field("tag", &S::tag), field("items", &S::items));
+    static constexpr auto list =
+        std::make_tuple(field("name", &S::name), field("tag", &S::tag), field("items", &S::items));
 };
 
 template <> struct Fields<ToolbarButton> {
@@ -91,11 +96,11 @@ template <> struct Fields<ToolbarButton> {
 
 template <> struct Fields<Toolbar> {
     using S = Toolbar;
-    static constexpr auto list = std::make_tuple(
-        field("name", &S::name), field("tag", &S::tag), field("visible", &S::visible),
-        wholeNumber("dockStatus", &S::dockStatus, 0, kDockFloating), field("left", &S::left),
-        field("top", &S::top), wholeNumber("floatingRows", &S::floatingRows, 1, INT32_MAX),
-        field("buttons", &S::buttons));
+    static constexpr auto list =
+        std::make_tuple(field("name", &S::name), field("tag", &S::tag), field("visible", &S::visible),
+                        wholeNumber("dockStatus", &S::dockStatus, 0, kDockFloating), field("left", &S::left),
+                        field("top", &S::top), wholeNumber("floatingRows", &S::floatingRows, 1, INT32_MAX),
+                        field("buttons", &S::buttons));
 };
 
 template <> struct Fields<MenuGroup> {
@@ -118,24 +123,24 @@ template <> struct Fields<ZoomRequest> {
 
 template <> struct Fields<Layout> {
     using S = Layout;
-    static constexpr auto list =
-        std::make_tuple(field("name", &S::name), field("plotType", &S::plotType), field("window", &S::window));
+    static constexpr auto list = std::make_tuple(field("name", &S::name), field("plotType", &S::plotType),
+                                                 field("window", &S::window));
 };
 
 template <> struct Fields<PlotSettings> {
     using S = PlotSettings;
-    static constexpr auto list =
-        std::make_tuple(field("numberOfCopies", &S::numberOfCopies), field("quietErrorMode", &S::quietErrorMode),
-                        field("batchEntries", &S::batchEntries), field("layoutsToPlot", &S::layoutsToPlot));
+    static constexpr auto list = std::make_tuple(
+        field("numberOfCopies", &S::numberOfCopies), field("quietErrorMode", &S::quietErrorMode),
+        field("batchEntries", &S::batchEntries), field("layoutsToPlot", &S::layoutsToPlot));
 };
 
 // The active layout after the layouts, as it may name one of them by position.
 template <> struct Fields<Document> {
     using S = Document;
-    static constexpr auto list =
-        std::make_tuple(field("fullFileName", &S::fullFileName), sparse("layouts", &S::layouts),
-                        field("activeLayout", &S::activeLayout), field("plot", &S::plot),
-                        sparse("readOnly", &S::readOnly), sparse("drawingCheckWhenOpened", &S::drawingCheckWhenOpened));
+    static constexpr auto list = std::make_tuple(
+        field("fullFileName", &S::fullFileName), sparse("layouts", &S::layouts),
+        field("activeLayout", &S::activeLayout), field("plot", &S::plot), sparse("readOnly", &S::readOnly),
+        sparse("drawingCheckWhenOpened", &S::drawingCheckWhenOpened));
 };
 
 template <> struct Fields<DrawingDemands> {
@@ -146,25 +151,24 @@ template <> struct Fields<DrawingDemands> {
 
 template <> struct Fields<PlotJob> {
     using S = PlotJob;
-    static constexpr auto list = std::make_tuple(
-        field("document", &S::document), field("device", &S::device), field("layouts", &S::layouts),
-        field("numberOfCopies", &S::numberOfCopies), field("plotType", &S::plotType), field("window", &S::window));
+    static constexpr auto list =
+        std::make_tuple(field("document", &S::document), field("device", &S::device),
+                        field("layouts", &S::layouts), field("numberOfCopies", &S::numberOfCopies),
+                        field("plotType", &S::plotType), field("window", &S::window));
 };
 
 template <> struct Fields<PreferencesFiles> {
     using S = PreferencesFiles;
-    static constexpr auto list =
-        std::make_tuple(field("supportPath", &S::supportPath), field("printerStyleSheetPath", &S::printerStyleSheetPath),
-                        field("templateDrawingFolder", &S::templateDrawingFolder),
-                        field("drawingPath", &S::drawingPath));
+    static constexpr auto list = std::make_tuple(
+        field("supportPath", &S::supportPath), field("printerStyleSheetPath", &S::printerStyleSheetPath),
+        field("templateDrawingFolder", &S::templateDrawingFolder), field("drawingPath", &S::drawingPath));
 };
 
 template <> struct Fields<HostBehaviour> {
     using S = HostBehaviour;
-    static constexpr auto list =
-        std::make_tuple(field("strictArguments", &S::strictArguments),
-                        field("menuIndexBeyondEnd", &S::menuIndexBeyondEnd),
-                        field("newMenuItemsEnabled", &S::newMenuItemsEnabled));
+    static constexpr auto list = std::make_tuple(field("strictArguments", &S::strictArguments),
+                                                 field("menuIndexBeyondEnd", &S::menuIndexBeyondEnd),
+                                                 field("newMenuItemsEnabled", &S::newMenuItemsEnabled));
 };
 
 // The menu bar after the groups and the active document after the documents, as they name them.
