@@ -1,7 +1,7 @@
 #include "simtest/printers.h"
 
 #include "sim/journal.h"
-#include "sim/utf8.h"
+#include "automation/utf8.h"
 
 #include <string_view>
 
@@ -12,7 +12,7 @@ void printText(const wchar_t* text, std::size_t length, std::ostream* out)
     if (text == nullptr)
         *out << "null";
     else
-        *out << '"' << sim::text::toUtf8(std::wstring_view(text, length)) << '"';
+        *out << '"' << automation_text::toUtf8(std::wstring_view(text, length)) << '"';
 }
 
 }  // namespace
@@ -42,5 +42,5 @@ void PrintTo(const _variant_t& value, std::ostream* out)
     if (V_VT(&value) == VT_BSTR)
         printText(V_BSTR(&text), SysStringLen(V_BSTR(&text)), out);
     else
-        *out << sim::text::toUtf8(std::wstring_view(V_BSTR(&text), SysStringLen(V_BSTR(&text))));
+        *out << automation_text::toUtf8(std::wstring_view(V_BSTR(&text), SysStringLen(V_BSTR(&text))));
 }

@@ -8,16 +8,17 @@
 #include "automation_failure.h"
 #include "input_error.h"
 #include "json_values.h"
-#include "sim/utf8.h"
 
 #include "ZORBAppUtilities.h"
 
 #include "MxtArray"
 #include "MxtString"
 #include "automation.h"
+#include "automation/utf8.h"
 #include "host/object_model.h"
 #include "host/plot_settings.h"
 #include "host/sdk.h"
+#include "sim/journal.h"
 
 #include <nlohmann/json.hpp>
 
@@ -35,20 +36,20 @@ struct MxtStringValue {
     static constexpr const char* plural = "strings";
     static Held read(const nlohmann::json& value, const InputPlace& place)
     {
-        return MxtString(readWideString(value, place).c_str());
+        return MxtString(place.read(value).text().c_str());
     }
-    static nlohmann::json write(const Held& held) { return sim::text::toUtf8(held.getStringW()); }
+    static nlohmann::json write(const Held& held) { return automation_text::toUtf8(held.getStringW()); }
 };
 
 struct BstrValue {
     using Held = _bstr_t;
     static Held read(const nlohmann::json& value, const InputPlace& place)
     {
-        return _bstr_t(readWideString(value, place).c_str());
+        return _bstr_t(place.read(value).text().c_str());
     }
     static nlohmann::json write(const Held& held)
     {
-        return sim::text::toUtf8(std::wstring_view(
+        return automation_text::toUtf8(std::wstring_view(
             static_cast<const wchar_t*>(held) ? static_cast<const wchar_t*>(held) : L"", held.length()));
     }
 };
@@ -62,11 +63,12 @@ struct MenuItemValue {
     {
         if (!value.is_object())
             place.fail("expected a menu item {\"index\": n, \"label\": \"...\", \"macro\": \"...\"}");
-        requireKnownKeys(value, {"index", "label", "macro"}, place);
+        const sim::JsonReader reader = place.read(value);
+        reader.expectObject({"index", "label", "macro"});
         Held item;
-        item.index = readInt32(requiredMember(value, "index", place), place / "index");
-        item.label = MxtStringValue::read(requiredMember(value, "label", place), place / "label");
-        item.macro = MxtStringValue::read(requiredMember(value, "macro", place), place / "macro");
+        item.index = readInt32(reader.required("index"));
+        item.label = MxtString(reader.required("label").text().c_str());
+        item.macro = MxtString(reader.required("macro").text().c_str());
         return item;
     }
     static nlohmann::json write(const Held& held)
@@ -107,7 +109,7 @@ struct BooleanValue {
     using Held = bool;
     static Held read(const nlohmann::json& value, const InputPlace& place)
     {
-        return readBoolean(value, place);
+        return place.read(value).boolean();
     }
     static nlohmann::json write(Held held) { return held; }
 };
@@ -116,7 +118,7 @@ struct BooleanValue {
 // held to 32 bits even where `long` is wider.
 struct LongValue {
     using Held = long;
-    static Held read(const nlohmann::json& value, const InputPlace& place) { return readInt32(value, place); }
+    static Held read(const nlohmann::json& value, const InputPlace& place) { return readInt32(place.read(value)); }
     static nlohmann::json write(Held held) { return held; }
 };
 
@@ -127,7 +129,8 @@ struct PointValue {
     {
         if (!value.is_array() || value.size() != 2)
             place.fail("expected a point [x, y]");
-        ZbAxPoint2d point(readDouble(value[0], place / 0), readDouble(value[1], place / 1));
+        const std::vector<sim::JsonReader> coordinates = place.read(value).elements();
+        ZbAxPoint2d point(coordinates[0].real(), coordinates[1].real());
         return _variant_t(point.asVariantPtr());
     }
     static nlohmann::json write(const Held& held)
@@ -146,7 +149,7 @@ struct DoubleValue {
     using Held = double;
     static Held read(const nlohmann::json& value, const InputPlace& place)
     {
-        return readDouble(value, place);
+        return place.read(value).real();
     }
     static nlohmann::json write(Held held) { return held; }
 };
@@ -156,7 +159,7 @@ struct PlotTypeValue {
     using Held = ZbDbPlotSettings::PlotType;
     static Held read(const nlohmann::json& value, const InputPlace& place)
     {
-        return static_cast<Held>(readInt32(value, place));
+        return static_cast<Held>(readInt32(place.read(value)));
     }
     static nlohmann::json write(Held held) { return static_cast<int>(held); }
 };
@@ -269,14 +272,14 @@ struct StatusCode {
 
 template <> struct ResultKind<StatusCode> {
     static constexpr const char* name = "status";
-    static nlohmann::json write(StatusCode status) { return hexStatus(static_cast<HRESULT>(status.code)); }
+    static nlohmann::json write(StatusCode status) { return sim::statusInHex(static_cast<HRESULT>(status.code)); }
     static void check(const nlohmann::json& value, const InputPlace& place)
     {
-        (void)readStatusCode(value, place);
+        (void)readStatusCode(place.read(value));
     }
     static std::string display(const nlohmann::json& value)
     {
-        return statusWithMessage(readStatusCode(value, InputPlace("status")));
+        return statusWithMessage(readStatusCode(InputPlace("status").read(value)));
     }
 };
 

@@ -1,9 +1,8 @@
 #include "automation_failure.h"
 
-#include "sim/utf8.h"
+#include "sim/journal.h"
 
-#include <cstdint>
-#include <cstdio>
+#include "automation/utf8.h"
 
 namespace zorbsim {
 namespace {
@@ -11,7 +10,7 @@ namespace {
 std::string messageOf(const _com_error& error)
 {
     const auto* message = error.ErrorMessage();
-    return message == nullptr ? std::string() : sim::text::toUtf8(message);
+    return message == nullptr ? std::string() : automation_text::toUtf8(message);
 }
 
 // Reading the description allocates a string, which an armed allocation fault may refuse; the
@@ -22,7 +21,7 @@ std::string descriptionOf(const _com_error& error)
         const _bstr_t description = error.Description();
         const wchar_t* text = description;
         return text == nullptr ? std::string()
-                               : sim::text::toUtf8(std::wstring_view(text, description.length()));
+                               : automation_text::toUtf8(std::wstring_view(text, description.length()));
     }
     catch (const _com_error&) {
         return std::string();
@@ -41,17 +40,11 @@ std::string platformMessage(HRESULT code)
     return messageOf(_com_error(code));
 }
 
-std::string hexStatus(HRESULT code)
-{
-    char text[16];
-    std::snprintf(text, sizeof text, "0x%08lX", static_cast<unsigned long>(static_cast<std::uint32_t>(code)));
-    return text;
-}
-
 std::string statusWithMessage(HRESULT code)
 {
     const std::string message = platformMessage(code);
-    return message.empty() ? hexStatus(code) : hexStatus(code) + " (" + message + ")";
+    const std::string hex = sim::statusInHex(code);
+    return message.empty() ? hex : hex + " (" + message + ")";
 }
 
 }  // namespace zorbsim

@@ -20,8 +20,6 @@ AutomationFailure describeFailure(const _com_error& error);
 // another text on another platform or in another language.
 std::string platformMessage(HRESULT code);
 
-// "0x80004005"
-std::string hexStatus(HRESULT code);
 // "0x80004005 (Unspecified error)"
 std::string statusWithMessage(HRESULT code);
 

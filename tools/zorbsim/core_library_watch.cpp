@@ -1,7 +1,7 @@
 #include "core_library_watch.h"
 
 #include "MxtGlobalStorage"
-#include "sim/utf8.h"
+#include "automation/utf8.h"
 
 namespace zorbsim {
 namespace {
@@ -11,7 +11,7 @@ std::optional<std::string> supportPathsText()
     const MxtString* supportPaths = MxtGlobalStorage::g_pZorbSupportPaths;
     if (supportPaths == nullptr)
         return std::nullopt;
-    return sim::text::toUtf8(supportPaths->getStringW());
+    return automation_text::toUtf8(supportPaths->getStringW());
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 #include "html_text.h"
 
-#include "sim/utf8.h"
+#include "automation/utf8.h"
 
 namespace zorbsim::html {
 namespace {
@@ -51,7 +51,7 @@ std::string escape(std::string_view text)
 
 std::string escape(std::wstring_view text)
 {
-    return escape(sim::text::toUtf8(text));
+    return escape(automation_text::toUtf8(text));
 }
 
 std::string menuLabel(std::wstring_view label)

@@ -1,7 +1,5 @@
 #include "input_error.h"
 
-#include <nlohmann/json.hpp>
-
 namespace zorbsim {
 
 InputPlace InputPlace::step(std::size_t index) const
@@ -14,41 +12,36 @@ InputPlace InputPlace::step(std::size_t index) const
 InputPlace InputPlace::operator/(const std::string& key) const
 {
     InputPlace place = *this;
-    place.m_pointer = (nlohmann::json::json_pointer(m_pointer) / key).to_string();
+    place.m_pointer = sim::jsonPathTo(m_pointer, key);
     return place;
 }
 
 InputPlace InputPlace::operator/(std::size_t index) const
 {
-    InputPlace place = *this;
-    place.m_pointer += "/" + std::to_string(index);
-    return place;
+    return *this / std::to_string(index);
 }
 
-std::string InputPlace::text() const
+std::string InputPlace::textAt(const std::string& pointer) const
 {
     std::string text = m_source;
     if (!m_step.empty())
         text += ": " + m_step;
-    if (!m_pointer.empty())
-        text += (m_step.empty() ? ": " : " at ") + m_pointer;
+    if (!pointer.empty())
+        text += (m_step.empty() ? ": " : " at ") + pointer;
     return text;
 }
 
-void InputPlace::fail(const std::string& message) const
+std::exception_ptr InputPlace::rejection(const std::string& path, const std::string& problem) const
 {
-    throw InputError(text() + ": " + message);
+    return std::make_exception_ptr(InputError(textAt(path) + ": " + problem));
 }
 
-void InputPlace::failNested(const std::string& message) const
+std::string InputPlace::unknownMember(const std::vector<const char*>& known) const
 {
-    const auto end = message.find(": ");
-    if (!message.empty() && message.front() == '/' && end != std::string::npos) {
-        InputPlace nested = *this;
-        nested.m_pointer += message.substr(0, end);
-        nested.fail(message.substr(end + 2));
-    }
-    fail(message);
+    std::string names;
+    for (const char* key : known)
+        names += std::string(names.empty() ? "" : ", ") + "\"" + key + "\"";
+    return "unknown member; expected one of " + names;
 }
 
 }  // namespace zorbsim

@@ -2,6 +2,10 @@
 // arguments). Its message names the place; zorbsim reports it on stderr and exits with 2.
 #pragma once
 
+#include "sim/json_reader.h"
+
+#include <nlohmann/json.hpp>
+
 #include <cstddef>
 #include <stdexcept>
 #include <string>
@@ -15,8 +19,9 @@ public:
 };
 
 // Where a value stands in an input file, for messages such as
-// "start.json: step 3 at /steps/2/args/path: expected a string".
-class InputPlace {
+// "start.json: step 3 at /steps/2/args/path: expected a string". The values there are read with
+// the simulator's JSON reader, whose complaints become InputErrors of this place's file and step.
+class InputPlace : public sim::JsonSource {
 public:
     explicit InputPlace(std::string source) : m_source(std::move(source)) {}
 
@@ -26,14 +31,27 @@ public:
     InputPlace operator/(std::size_t index) const;
 
     const std::string& pointer() const { return m_pointer; }
-    std::string text() const;
+    std::string text() const { return textAt(m_pointer); }
 
-    [[noreturn]] void fail(const std::string& message) const;
-    // For errors of a nested reader whose message starts with its own JSON path
-    // ("/0/method: expected a string"): that path continues this place's.
-    [[noreturn]] void failNested(const std::string& message) const;
+    // A reader of `value`, which stands at this place; the place must outlive it.
+    sim::JsonReader read(const nlohmann::json& value) const
+    {
+        return sim::JsonReader(value, *this, m_pointer);
+    }
+
+    [[noreturn]] void fail(const std::string& message) const { failAt(m_pointer, message); }
+    // Fails at `pointer` in this place's file and step, for a nested document's own complaints.
+    [[noreturn]] void failAt(const std::string& pointer, const std::string& message) const
+    {
+        std::rethrow_exception(rejection(pointer, message));
+    }
+    std::exception_ptr rejection(const std::string& path, const std::string& problem) const override;
+    std::string booleanExpected() const override { return "true or false"; }
+    std::string unknownMember(const std::vector<const char*>& known) const override;
 
 private:
+    std::string textAt(const std::string& pointer) const;
+
     std::string m_source;
     std::string m_step;
     std::string m_pointer;

@@ -2,6 +2,7 @@
 
 #include "automation_failure.h"
 
+#include "sim/journal.h"
 #include "sim/state_json.h"
 
 #include <variant>
@@ -27,7 +28,7 @@ void addCall(Json& report, const CallStep& call, const StepResult& result, bool 
         report["outputs"] = std::move(outputs);
     }
     if (result.failure) {
-        report["failure"] = {{"code", hexStatus(result.failure->code)},
+        report["failure"] = {{"code", sim::statusInHex(result.failure->code)},
                              {"message", result.failure->message},
                              {"description", result.failure->description}};
     }

@@ -2,6 +2,8 @@
 
 #include "automation_failure.h"
 
+#include "sim/journal.h"
+
 namespace zorbsim {
 
 using nlohmann::json;
@@ -56,7 +58,7 @@ std::vector<std::string> outcomeLines(const Operation& operation, const StepResu
             outputs += (outputs.empty() ? "" : "; ") + name + " = " + displayValue(value);
     }
     if (result.failure) {
-        std::string line = "-> automation failure " + hexStatus(result.failure->code);
+        std::string line = "-> automation failure " + sim::statusInHex(result.failure->code);
         if (!result.failure->message.empty())
             line += " (" + result.failure->message + ")";
         if (!result.failure->description.empty())

@@ -5,7 +5,7 @@
 
 #include "sim/host.h"
 #include "sim/state_json.h"
-#include "sim/utf8.h"
+#include "automation/utf8.h"
 
 #include <algorithm>
 #include <exception>
@@ -38,7 +38,7 @@ public:
         if (FAILED(info->GetDescription(&description)) || description == nullptr)
             return {};
         const _bstr_t owned(description, false);
-        return sim::text::toUtf8(std::wstring_view(static_cast<const wchar_t*>(owned), owned.length()));
+        return automation_text::toUtf8(std::wstring_view(static_cast<const wchar_t*>(owned), owned.length()));
     }
 
 private:

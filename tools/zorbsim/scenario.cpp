@@ -31,7 +31,7 @@ void readHost(const json& document, const InputPlace& root, const std::string& f
             scenario.host = sim::stateFromJson(host);
         }
         catch (const sim::StateError& error) {
-            place.failNested(error.what());
+            place.failAt(place.pointer() + error.path(), error.problem());
         }
         scenario.hostDescription = "inline host state";
     }
@@ -57,8 +57,9 @@ json expectedOutput(const json& value, const InputPlace& place)
 {
     if (!value.is_object())
         return value;
-    requireKnownKeys(value, {"messageOf"}, place);
-    return platformMessage(readStatusCode(requiredMember(value, "messageOf", place), place / "messageOf"));
+    const sim::JsonReader reference = place.read(value);
+    reference.expectObject({"messageOf"});
+    return platformMessage(readStatusCode(reference.required("messageOf")));
 }
 
 CallExpectations readCallExpectations(const json& expect, const Operation& operation, const InputPlace& place)
@@ -68,11 +69,11 @@ CallExpectations readCallExpectations(const json& expect, const Operation& opera
         return expectations;
     if (!expect.is_object())
         place.fail("expected an object with \"result\", \"outputs\" or \"throws\"");
-    requireKnownKeys(expect, {"result", "outputs", "throws"}, place);
+    place.read(expect).expectObject({"result", "outputs", "throws"});
     if (expect.contains("throws")) {
         if (expect.contains("result"))
             place.fail("\"throws\" cannot be combined with \"result\": a failed call returns none");
-        expectations.throws = readStatusCode(expect["throws"], place / "throws");
+        expectations.throws = readStatusCode(place.read(expect).required("throws"));
     }
     if (expect.contains("result")) {
         if (!operation.result())
@@ -105,9 +106,10 @@ CallExpectations readCallExpectations(const json& expect, const Operation& opera
 
 CallStep readCallStep(const json& step, const InputPlace& place)
 {
-    requireKnownKeys(step, {"title", "call", "args", "expect"}, place);
+    const sim::JsonReader reader = place.read(step);
+    reader.expectObject({"title", "call", "args", "expect"});
     CallStep call;
-    call.operation = &findOperation(readString(step["call"], place / "call"), place / "call");
+    call.operation = &findOperation(reader.required("call").bytes(), place / "call");
     call.bound = call.operation->bind(step.value("args", json()), place / "args");
     call.expect = readCallExpectations(step.value("expect", json()), *call.operation, place / "expect");
     return call;
@@ -115,15 +117,15 @@ CallStep readCallStep(const json& step, const InputPlace& place)
 
 FaultsStep readFaultsStep(const json& step, const InputPlace& stepPlace)
 {
-    requireKnownKeys(step, {"title", "faults"}, stepPlace);
+    stepPlace.read(step).expectObject({"title", "faults"});
     const json& faults = step["faults"];
     const InputPlace place = stepPlace / "faults";
     if (!faults.is_object() || faults.empty())
         place.fail("expected an object with \"clear\": true and/or \"arm\": [faults]");
-    requireKnownKeys(faults, {"clear", "arm"}, place);
+    place.read(faults).expectObject({"clear", "arm"});
     FaultsStep result;
     if (faults.contains("clear")) {
-        result.clear = readBoolean(faults["clear"], place / "clear");
+        result.clear = place.read(faults).required("clear").boolean();
         if (!result.clear)
             (place / "clear").fail("only true makes sense here; leave \"clear\" out to keep the armed faults");
     }
@@ -133,7 +135,7 @@ FaultsStep readFaultsStep(const json& step, const InputPlace& stepPlace)
             result.arm = sim::faultsFromJson(result.armed);
         }
         catch (const sim::StateError& error) {
-            (place / "arm").failNested(error.what());
+            place.failAt((place / "arm").pointer() + error.path(), error.problem());
         }
     }
     return result;
@@ -141,7 +143,7 @@ FaultsStep readFaultsStep(const json& step, const InputPlace& stepPlace)
 
 ExpectHostStep readExpectHostStep(const json& step, const InputPlace& stepPlace)
 {
-    requireKnownKeys(step, {"title", "expectHost"}, stepPlace);
+    stepPlace.read(step).expectObject({"title", "expectHost"});
     const json& paths = step["expectHost"];
     const InputPlace place = stepPlace / "expectHost";
     if (!paths.is_object() || paths.empty())
@@ -164,15 +166,16 @@ Step readStep(const json& step, std::size_t index, const InputPlace& root)
     const InputPlace place = root.step(index);
     if (!step.is_object())
         place.fail("expected an object with one of \"call\", \"faults\" or \"expectHost\"");
-    requireKnownKeys(step, {"title", "call", "args", "expect", "faults", "expectHost"}, place);
+    const sim::JsonReader reader = place.read(step);
+    reader.expectObject({"title", "call", "args", "expect", "faults", "expectHost"});
     const int kinds = static_cast<int>(step.contains("call")) + static_cast<int>(step.contains("faults")) +
                       static_cast<int>(step.contains("expectHost"));
     if (kinds != 1)
         place.fail("a step has exactly one of \"call\", \"faults\" or \"expectHost\"");
     Step result;
     result.number = static_cast<int>(index) + 1;
-    if (step.contains("title"))
-        result.title = readString(step["title"], place / "title");
+    if (const auto title = reader.member("title"))
+        result.title = title->bytes();
     if (step.contains("call"))
         result.action = readCallStep(step, place);
     else if (step.contains("faults"))
@@ -189,15 +192,14 @@ Scenario parseScenario(const json& document, const std::string& name, const std:
     const InputPlace root(name);
     if (!document.is_object())
         root.fail("expected an object with \"steps\"");
-    requireKnownKeys(document, {"description", "host", "steps"}, root);
+    const sim::JsonReader reader = root.read(document);
+    reader.expectObject({"description", "host", "steps"});
     Scenario scenario;
     scenario.name = name;
-    if (document.contains("description"))
-        scenario.description = readString(document["description"], root / "description");
+    if (const auto description = reader.member("description"))
+        scenario.description = description->bytes();
     readHost(document, root, folder, scenario);
-    if (!document.contains("steps"))
-        root.fail("missing \"steps\"");
-    const json& steps = document["steps"];
+    const json& steps = reader.required("steps").value();
     if (!steps.is_array())
         (root / "steps").fail("expected an array of steps");
     for (std::size_t i = 0; i < steps.size(); ++i)

@@ -1,7 +1,7 @@
 // LoadTypeLib / LoadTypeLibEx: a type library file read whole and kept as a LoadedTypeLibrary.
 #include "type_library_object.h"
 #include "type_library_reader.h"
-#include "utf8.h"
+#include "automation/utf8.h"
 
 #include <fstream>
 #include <iterator>
@@ -14,7 +14,7 @@ HRESULT LoadTypeLibEx(LPCOLESTR path, REGKIND, ITypeLib** library)
     if (path == nullptr || library == nullptr)
         return E_INVALIDARG;
     *library = nullptr;
-    std::ifstream file(automation_detail::encodeUtf8(path, std::wcslen(path)), std::ios::binary);
+    std::ifstream file(automation_text::toUtf8(path), std::ios::binary);
     if (!file)
         return TYPE_E_CANTLOADLIBRARY;
     const std::vector<unsigned char> bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};

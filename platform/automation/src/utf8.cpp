@@ -1,19 +1,32 @@
-#include "utf8.h"
+#include "automation/utf8.h"
 
-namespace automation_detail {
+namespace automation_text {
 
 namespace {
 
 constexpr char32_t replacement = 0xFFFD;
 
-bool isScalarValue(char32_t c) { return c <= 0x10FFFF && (c < 0xD800 || c > 0xDFFF); }
+constexpr bool wideIsUtf16 = sizeof(wchar_t) == 2;
 
-bool isContinuation(unsigned char byte) { return (byte & 0xC0) == 0x80; }
+bool isSurrogate(char32_t c)
+{
+    return c >= 0xD800 && c <= 0xDFFF;
+}
+
+bool isScalarValue(char32_t c)
+{
+    return c <= 0x10FFFF && !isSurrogate(c);
+}
+
+bool isContinuation(unsigned char byte)
+{
+    return (byte & 0xC0) == 0x80;
+}
 
 struct LeadByte {
-    int following;       // continuation bytes, -1 for a byte that cannot start a character
-    char32_t bits;       // the character's bits it carries
-    char32_t smallest;   // below this the sequence is overlong
+    int following;      // continuation bytes, -1 for a byte that cannot start a character
+    char32_t bits;      // the character's bits it carries
+    char32_t smallest;  // below this the sequence is overlong
 };
 
 LeadByte leadByte(unsigned char lead)
@@ -27,28 +40,40 @@ LeadByte leadByte(unsigned char lead)
     return {-1, 0, 0};
 }
 
-// Reads one character from `text` and moves past it; a malformed sequence is consumed up to the
-// first byte that cannot belong to it.
-char32_t decodeOne(const unsigned char*& text)
+// Reads one character at `at` and moves past it; a malformed sequence gives nothing and is
+// consumed up to the first byte that cannot belong to it.
+std::optional<char32_t> decodeOne(std::string_view::const_iterator& at, std::string_view::const_iterator end)
 {
-    if (*text < 0x80)
-        return *text++;
-    const LeadByte lead = leadByte(*text++);
+    const auto first = static_cast<unsigned char>(*at++);
+    if (first < 0x80)
+        return first;
+    const LeadByte lead = leadByte(first);
     if (lead.following < 0)
-        return replacement;
+        return std::nullopt;
     char32_t c = lead.bits;
     for (int i = 0; i < lead.following; ++i) {
-        if (!isContinuation(*text))
-            return replacement;
-        c = (c << 6) | (*text++ & 0x3F);
+        if (at == end || !isContinuation(static_cast<unsigned char>(*at)))
+            return std::nullopt;
+        c = (c << 6) | (static_cast<unsigned char>(*at++) & 0x3F);
     }
-    return c >= lead.smallest && isScalarValue(c) ? c : replacement;
+    if (c < lead.smallest || !isScalarValue(c))
+        return std::nullopt;
+    return c;
 }
 
-void encodeOne(char32_t c, std::string& out)
+void appendWide(std::wstring& out, char32_t c)
 {
-    if (!isScalarValue(c))
-        c = replacement;
+    if (wideIsUtf16 && c >= 0x10000) {
+        c -= 0x10000;
+        out += static_cast<wchar_t>(0xD800 + (c >> 10));
+        out += static_cast<wchar_t>(0xDC00 + (c & 0x3FF));
+        return;
+    }
+    out += static_cast<wchar_t>(c);
+}
+
+void appendUtf8(std::string& out, char32_t c)
+{
     if (c < 0x80) {
         out += static_cast<char>(c);
         return;
@@ -68,22 +93,54 @@ void encodeOne(char32_t c, std::string& out)
     out += static_cast<char>(0x80 | (c & 0x3F));
 }
 
+// The character that starts at `text[i]`, joining a surrogate pair on UTF-16; `i` moves to its
+// last unit.
+char32_t wideCharacter(std::wstring_view text, std::size_t& i)
+{
+    const auto c = static_cast<char32_t>(text[i]);
+    if (wideIsUtf16 && c >= 0xD800 && c <= 0xDBFF && i + 1 < text.size()) {
+        const auto low = static_cast<char32_t>(text[i + 1]);
+        if (low >= 0xDC00 && low <= 0xDFFF) {
+            ++i;
+            return 0x10000 + ((c - 0xD800) << 10) + (low - 0xDC00);
+        }
+    }
+    return c;
+}
+
 }  // namespace
 
-std::wstring decodeUtf8(const char* text)
+std::string toUtf8(std::wstring_view text)
 {
-    std::wstring decoded;
-    for (auto* at = reinterpret_cast<const unsigned char*>(text); *at != 0;)
-        decoded += static_cast<wchar_t>(decodeOne(at));
-    return decoded;
+    std::string out;
+    out.reserve(text.size());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const char32_t c = wideCharacter(text, i);
+        appendUtf8(out, isScalarValue(c) ? c : replacement);
+    }
+    return out;
 }
 
-std::string encodeUtf8(const wchar_t* text, std::size_t length)
+std::optional<std::wstring> fromUtf8(std::string_view text)
 {
-    std::string encoded;
-    for (std::size_t i = 0; i < length; ++i)
-        encodeOne(static_cast<char32_t>(text[i]), encoded);
-    return encoded;
+    std::wstring out;
+    out.reserve(text.size());
+    for (auto at = text.begin(); at != text.end();) {
+        const auto c = decodeOne(at, text.end());
+        if (!c)
+            return std::nullopt;
+        appendWide(out, *c);
+    }
+    return out;
 }
 
-}  // namespace automation_detail
+std::wstring fromUtf8Replacing(std::string_view text)
+{
+    std::wstring out;
+    out.reserve(text.size());
+    for (auto at = text.begin(); at != text.end();)
+        appendWide(out, decodeOne(at, text.end()).value_or(replacement));
+    return out;
+}
+
+}  // namespace automation_text

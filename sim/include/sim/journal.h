@@ -72,7 +72,9 @@ SIM_API std::string formatJournalLine(const JournalEntry& entry);
 // The method with its arguments' variant types: HostMenuGroups.Item(VT_I4)
 SIM_API std::string typedMethodOf(const JournalEntry& entry);
 SIM_API std::string variantTypeName(VARTYPE type);  // "VT_I4", "VT_ARRAY|VT_BSTR", ...
+// Status texts, printed and read here only, so that journals, states and reports agree.
 SIM_API std::string statusName(HRESULT status);     // "S_OK", "E_FAIL", else "0x80040205"
+SIM_API std::string statusInHex(HRESULT status);    // "0x80004005" for every status
 // The status a name of statusName's or a hex code ("0x80040205") stands for; none for other text.
 SIM_API std::optional<HRESULT> statusNamed(const std::string& name);
 

@@ -16,10 +16,23 @@
 namespace sim {
 
 // Bad input: the message names the JSON path and what was expected
-// ("/menuGroups/2/toolbars/0/visible: expected a boolean").
+// ("/menuGroups/2/toolbars/0/visible: expected a boolean"), or the file and line of malformed text.
 class SIM_API StateError : public std::runtime_error {
 public:
-    using std::runtime_error::runtime_error;
+    explicit StateError(const std::string& message) : std::runtime_error(message), m_problem(message) {}
+    StateError(const std::string& path, const std::string& problem)
+        : std::runtime_error(path.empty() ? problem : path + ": " + problem), m_path(path), m_problem(problem)
+    {
+    }
+
+    // The JSON path of the value refused, so that a reader of an enclosing document can continue
+    // it; empty when the complaint is about the whole input.
+    const std::string& path() const { return m_path; }
+    const std::string& problem() const { return m_problem; }
+
+private:
+    std::string m_path;
+    std::string m_problem;
 };
 
 SIM_API HostState stateFromJson(const nlohmann::json& document);  // throws StateError

@@ -1,7 +1,8 @@
 #include "calls/arguments.h"
 
-#include "journal/status_names.h"
 #include "model/text.h"
+
+#include "sim/journal.h"
 
 #include <cstdint>
 #include <cwchar>
@@ -112,7 +113,7 @@ std::string describeVariantValue(const VARIANT& value)
     case VT_BOOL:
         return describeBoolean(V_BOOL(&value));
     case VT_ERROR:
-        return nameOfStatus(V_ERROR(&value));
+        return statusName(V_ERROR(&value));
     case VT_BSTR:
         return text::toUtf8(text::fromBstr(V_BSTR(&value)));
     case VT_DISPATCH:

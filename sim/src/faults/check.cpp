@@ -2,7 +2,8 @@
 
 #include "faults/host_methods.h"
 #include "json/names.h"
-#include "journal/status_names.h"
+
+#include "sim/journal.h"
 
 #include <climits>
 
@@ -75,7 +76,7 @@ std::optional<std::string> whyFaultCannotAct(const Fault& fault)
         return "only an answer fault gives an \"answer\"";
     if ((fault.kind == FaultKind::failCall || fault.kind == FaultKind::failVariantCopy) &&
         SUCCEEDED(fault.status))
-        return "a " + kind + " fault needs a failing status, not " + nameOfStatus(fault.status);
+        return "a " + kind + " fault needs a failing status, not " + statusName(fault.status);
     if (isRuntimeFault(fault.kind)) {
         if (!canFailRuntimeCalls())
             return "a " + kind + " fault needs the portable automation runtime, not the platform's";

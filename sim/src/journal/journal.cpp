@@ -1,6 +1,5 @@
 #include "sim/journal.h"
 
-#include "journal/status_names.h"
 
 namespace sim {
 namespace {
@@ -133,16 +132,6 @@ std::string variantTypeName(VARTYPE type)
     return name + "VT_" + std::to_string(base);
 }
 
-std::string statusName(HRESULT status)
-{
-    return nameOfStatus(status);
-}
-
-std::optional<HRESULT> statusNamed(const std::string& name)
-{
-    return statusFromName(name);
-}
-
 std::string formatJournalLine(const JournalEntry& entry)
 {
     std::string line = entry.method;
@@ -168,7 +157,7 @@ std::string formatJournalLine(const JournalEntry& entry)
     line += ") on ";
     line += entry.object;
     line += " -> ";
-    line += nameOfStatus(entry.status);
+    line += statusName(entry.status);
     if (entry.lateBound) {
         line += " [late-bound:";
         for (size_t i = 0; i < entry.lateBound->size(); ++i)

@@ -1,4 +1,4 @@
-#include "journal/status_names.h"
+#include "sim/journal.h"
 
 #include "sim/model.h"
 
@@ -45,18 +45,23 @@ const NamedStatus kNamedStatuses[] = {
 
 }  // namespace
 
-std::string nameOfStatus(HRESULT status)
+std::string statusInHex(HRESULT status)
 {
-    for (const NamedStatus& named : kNamedStatuses)
-        if (named.status == status)
-            return named.name;
     char buffer[16];
     std::snprintf(buffer, sizeof buffer, "0x%08lX",
                   static_cast<unsigned long>(static_cast<std::uint32_t>(status)));
     return buffer;
 }
 
-std::optional<HRESULT> statusFromName(const std::string& name)
+std::string statusName(HRESULT status)
+{
+    for (const NamedStatus& named : kNamedStatuses)
+        if (named.status == status)
+            return named.name;
+    return statusInHex(status);
+}
+
+std::optional<HRESULT> statusNamed(const std::string& name)
 {
     for (const NamedStatus& named : kNamedStatuses)
         if (name == named.name)

@@ -3,13 +3,14 @@
 // JSON path. The state is built aside and handed out whole, so bad input never half-loads.
 #include "sim/state_json.h"
 
+#include "sim/json_reader.h"
 #include "sim/json_text.h"
+#include "sim/journal.h"
 
 #include "faults/check.h"
 #include "json/names.h"
-#include "json/reader.h"
+#include "model/fields.h"
 #include "model/menu_places.h"
-#include "journal/status_names.h"
 #include "model/text.h"
 
 #include <climits>
@@ -20,10 +21,18 @@
 namespace sim {
 namespace {
 
-using detail::JsonReader;
+// Host states are the simulator's input: their complaints are StateErrors.
+class StateSource : public JsonSource {
+public:
+    std::exception_ptr rejection(const std::string& path, const std::string& problem) const override
+    {
+        return std::make_exception_ptr(StateError(path, problem));
+    }
+};
 
-constexpr long long kLongLowest = INT32_MIN;  // LONG on the host's side is 32 bits
-constexpr long long kLongHighest = INT32_MAX;
+const StateSource kStateSource{};
+
+constexpr long long kLongHighest = INT32_MAX;  // LONG on the host's side is 32 bits
 
 // Reads a member into `target` when it is there.
 template <class T, class Read>
@@ -33,240 +42,10 @@ void readMember(const JsonReader& object, const char* name, T& target, Read read
         target = read(*member);
 }
 
-void readText(const JsonReader& object, const char* name, std::wstring& target)
-{
-    readMember(object, name, target, [](const JsonReader& value) { return value.text(); });
-}
-
-void readBoolean(const JsonReader& object, const char* name, bool& target)
-{
-    readMember(object, name, target, [](const JsonReader& value) { return value.boolean(); });
-}
-
-void readLong(const JsonReader& object, const char* name, long& target, long long lowest = kLongLowest,
-              long long highest = kLongHighest)
-{
-    readMember(object, name, target,
-               [&](const JsonReader& value) { return static_cast<long>(value.integer(lowest, highest)); });
-}
-
-std::vector<std::wstring> readTexts(const JsonReader& array)
-{
-    std::vector<std::wstring> texts;
-    for (const JsonReader& element : array.elements())
-        texts.push_back(element.text());
-    return texts;
-}
-
-// A collection of nodes; a null element is a place where the host gives no object.
-template <class Node, class Read>
-std::vector<std::shared_ptr<Node>> readNodes(const JsonReader& array, Read read)
-{
-    std::vector<std::shared_ptr<Node>> nodes;
-    for (const JsonReader& element : array.elements())
-        nodes.push_back(element.isNull() ? nullptr : std::make_shared<Node>(read(element)));
-    return nodes;
-}
-
-template <class Nodes, class Read>
-void readNodesMember(const JsonReader& object, const char* name, Nodes& target, Read read)
-{
-    readMember(object, name, target, [&](const JsonReader& array) {
-        return Nodes(readNodes<typename Nodes::value_type::element_type>(array, read));
-    });
-}
-
-PopupMenu readMenu(const JsonReader& in);
-
-PopupMenuItem readItem(const JsonReader& in)
-{
-    in.expectObject({"type", "label", "macro", "tag", "enabled", "submenu"});
-    PopupMenuItem item;
-    readMember(in, "type", item.type, [](const JsonReader& value) {
-        if (value.isText()) {
-            if (const auto type = detail::itemTypeNamed(text::toUtf8(value.text())))
-                return *type;
-        }
-        else if (!value.isObject() && !value.isNull()) {
-            return static_cast<ItemType>(value.integer(0, 2));
-        }
-        value.expected("an item type: \"command\", \"separator\", \"submenu\" (or 0, 1, 2)");
-    });
-    readText(in, "label", item.label);
-    readText(in, "macro", item.macro);
-    readText(in, "tag", item.tag);
-    readBoolean(in, "enabled", item.enabled);
-    readMember(in, "submenu", item.subMenu, [](const JsonReader& value) {
-        return value.isNull() ? nullptr : std::make_shared<PopupMenu>(readMenu(value));
-    });
-    return item;
-}
-
-PopupMenu readMenu(const JsonReader& in)
-{
-    in.expectObject({"name", "tag", "items"});
-    PopupMenu menu;
-    readText(in, "name", menu.name);
-    readText(in, "tag", menu.tag);
-    readNodesMember(in, "items", menu.items, readItem);
-    return menu;
-}
-
-ToolbarButton readButton(const JsonReader& in)
-{
-    in.expectObject({"name", "tag", "macro", "helpString", "smallBitmap", "largeBitmap", "flyout"});
-    ToolbarButton button;
-    readText(in, "name", button.name);
-    readText(in, "tag", button.tag);
-    readText(in, "macro", button.macro);
-    readText(in, "helpString", button.helpString);
-    readText(in, "smallBitmap", button.smallBitmap);
-    readText(in, "largeBitmap", button.largeBitmap);
-    readMember(in, "flyout", button.flyout,
-               [](const JsonReader& value) -> std::optional<std::pair<std::wstring, std::wstring>> {
-                   if (value.isNull())
-                       return std::nullopt;
-                   value.expectObject({"menuGroup", "toolbar"});
-                   std::pair<std::wstring, std::wstring> flyout;
-                   readText(value, "menuGroup", flyout.first);
-                   readText(value, "toolbar", flyout.second);
-                   return flyout;
-               });
-    return button;
-}
-
-Toolbar readToolbar(const JsonReader& in)
-{
-    in.expectObject({"name", "tag", "visible", "dockStatus", "left", "top", "floatingRows", "buttons"});
-    Toolbar toolbar;
-    readText(in, "name", toolbar.name);
-    readText(in, "tag", toolbar.tag);
-    readBoolean(in, "visible", toolbar.visible);
-    readLong(in, "dockStatus", toolbar.dockStatus, 0, kDockFloating);
-    readLong(in, "left", toolbar.left);
-    readLong(in, "top", toolbar.top);
-    readLong(in, "floatingRows", toolbar.floatingRows, 1);
-    readNodesMember(in, "buttons", toolbar.buttons, readButton);
-    return toolbar;
-}
-
-MenuGroup readGroup(const JsonReader& in)
-{
-    in.expectObject({"name", "menus", "toolbars"});
-    MenuGroup group;
-    readText(in, "name", group.name);
-    readNodesMember(in, "menus", group.menus, readMenu);
-    readNodesMember(in, "toolbars", group.toolbars, readToolbar);
-    return group;
-}
-
-std::pair<double, double> readPoint(const JsonReader& in)
-{
-    const auto coordinates = in.elements();
-    if (coordinates.size() != 2)
-        in.expected("a point [x, y]");
-    return {coordinates[0].real(), coordinates[1].real()};
-}
-
-std::optional<PlotWindow> readWindow(const JsonReader& in)
-{
-    if (in.isNull())
-        return std::nullopt;
-    in.expectObject({"lowerLeft", "upperRight"});
-    PlotWindow window;
-    if (const auto point = in.member("lowerLeft"))
-        std::tie(window.lowerLeftX, window.lowerLeftY) = readPoint(*point);
-    if (const auto point = in.member("upperRight"))
-        std::tie(window.upperRightX, window.upperRightY) = readPoint(*point);
-    return window;
-}
-
-Layout readLayout(const JsonReader& in)
-{
-    in.expectObject({"name", "plotType", "window"});
-    Layout layout;
-    readText(in, "name", layout.name);
-    readLong(in, "plotType", layout.plotType);
-    readMember(in, "window", layout.window, readWindow);
-    return layout;
-}
-
-Document readDocument(const JsonReader& in)
-{
-    in.expectObject({"fullFileName", "layouts", "activeLayout", "plot", "readOnly", "drawingCheckWhenOpened"});
-    Document document;
-    readText(in, "fullFileName", document.fullFileName);
-    readNodesMember(in, "layouts", document.layouts, readLayout);
-    readBoolean(in, "readOnly", document.readOnly);
-    readMember(in, "drawingCheckWhenOpened", document.drawingCheckWhenOpened,
-               [](const JsonReader& value) -> std::optional<short> {
-                   if (value.isNull())
-                       return std::nullopt;
-                   return static_cast<short>(value.integer(SHRT_MIN, SHRT_MAX));
-               });
-    // A position in `layouts`, or a layout of its own.
-    readMember(in, "activeLayout", document.activeLayout, [&](const JsonReader& value) -> std::shared_ptr<Layout> {
-        if (value.isNull())
-            return nullptr;
-        if (value.isObject())
-            return std::make_shared<Layout>(readLayout(value));
-        const long long position = value.integer(0, kLongHighest);
-        if (position >= static_cast<long long>(document.layouts.size()) || !document.layouts[position])
-            value.fail("no layout at index " + std::to_string(position));
-        return document.layouts[position];
-    });
-    if (const auto plot = in.member("plot")) {
-        plot->expectObject({"numberOfCopies", "quietErrorMode", "batchEntries", "layoutsToPlot"});
-        readLong(*plot, "numberOfCopies", document.plot.numberOfCopies);
-        readBoolean(*plot, "quietErrorMode", document.plot.quietErrorMode);
-        readLong(*plot, "batchEntries", document.plot.batchEntries);
-        readMember(*plot, "layoutsToPlot", document.plot.layoutsToPlot, readTexts);
-    }
-    return document;
-}
-
-DrawingDemands readDrawingDemands(const JsonReader& in)
-{
-    in.expectObject({"stopsForCheck", "password"});
-    DrawingDemands demands;
-    readBoolean(in, "stopsForCheck", demands.stopsForCheck);
-    readMember(in, "password", demands.password, [](const JsonReader& value) -> std::optional<std::wstring> {
-        if (value.isNull())
-            return std::nullopt;
-        return value.text();
-    });
-    return demands;
-}
-
-PlotJob readPlotJob(const JsonReader& in)
-{
-    in.expectObject({"document", "device", "layouts", "numberOfCopies", "plotType", "window"});
-    PlotJob job;
-    readText(in, "document", job.document);
-    readMember(in, "device", job.device, [](const JsonReader& value) -> std::optional<std::wstring> {
-        if (value.isNull())
-            return std::nullopt;
-        return value.text();
-    });
-    readMember(in, "layouts", job.layouts, readTexts);
-    readLong(in, "numberOfCopies", job.numberOfCopies);
-    readLong(in, "plotType", job.plotType);
-    readMember(in, "window", job.window, readWindow);
-    return job;
-}
-
-ZoomRequest readZoom(const JsonReader& in)
-{
-    const auto window = readWindow(in);
-    if (!window)
-        in.expected("an object");
-    return ZoomRequest{window->lowerLeftX, window->lowerLeftY, window->upperRightX, window->upperRightY};
-}
-
 HRESULT readStatus(const JsonReader& in)
 {
     if (in.isText()) {
-        if (const auto status = statusFromName(text::toUtf8(in.text())))
+        if (const auto status = statusNamed(text::toUtf8(in.text())))
             return *status;
         in.expected("a status name such as \"E_FAIL\" or a code such as \"0x80004005\"");
     }
@@ -321,13 +100,7 @@ Fault readFault(const JsonReader& in)
     return fault;
 }
 
-std::vector<Fault> readFaults(const JsonReader& in)
-{
-    std::vector<Fault> faults;
-    for (const JsonReader& element : in.elements())
-        faults.push_back(readFault(element));
-    return faults;
-}
+template <class Struct> Struct objectFrom(const JsonReader& in);
 
 // What the menu bar's entries refer to, found through maps made once, so that a bar of many
 // groups' menus reads in linear time.
@@ -349,7 +122,7 @@ public:
         if (!groupMember) {
             if (!menu->isObject())
                 menu->expected("a menu object (a menu-bar menu outside every group)");
-            return std::make_shared<PopupMenu>(readMenu(*menu));
+            return std::make_shared<PopupMenu>(objectFrom<PopupMenu>(*menu));
         }
         const auto group = referencedGroup(*groupMember);
         if (menu->isText())
@@ -421,108 +194,204 @@ std::shared_ptr<Document> readActiveDocument(const HostState& state, const JsonR
     if (in.isNull())
         return nullptr;
     if (in.isObject())
-        return std::make_shared<Document>(readDocument(in));  // a drawing outside the collection
+        return std::make_shared<Document>(objectFrom<Document>(in));  // a drawing outside the collection
     const long long position = in.integer(0, kLongHighest);
     if (position >= static_cast<long long>(state.documents.size()) || !state.documents[position])
         in.fail("no open drawing at index " + std::to_string(position));
     return state.documents[position];
 }
 
-template <class Value, class Read> std::map<std::wstring, Value> readMap(const JsonReader& in, Read read)
+// Each kind of value from JSON; a struct of the model by its fields.
+void readValue(const JsonReader& in, std::wstring& text) { text = in.text(); }
+void readValue(const JsonReader& in, bool& value) { value = in.boolean(); }
+void readValue(const JsonReader& in, short& value)
 {
-    std::map<std::wstring, Value> values;
-    for (const auto& [name, value] : in.members())
-        values[name] = read(value);
-    return values;
+    value = static_cast<short>(in.integer(SHRT_MIN, SHRT_MAX));
+}
+void readValue(const JsonReader& in, Fault& fault) { fault = readFault(in); }
+
+void readValue(const JsonReader& in, ItemType& type)
+{
+    if (in.isText()) {
+        if (const auto named = detail::itemTypeNamed(text::toUtf8(in.text()))) {
+            type = *named;
+            return;
+        }
+    }
+    else if (!in.isObject() && !in.isNull()) {
+        type = static_cast<ItemType>(in.integer(0, 2));
+        return;
+    }
+    in.expected("an item type: \"command\", \"separator\", \"submenu\" (or 0, 1, 2)");
 }
 
-HostState readState(const JsonReader& in)
+void readValue(const JsonReader& in, BeyondEnd& choice)
 {
-    in.expectObject({"behaviour", "menuGroups", "menuBar", "documents", "activeDocument", "drawingsOnDisk",
-                     "drawingDemands", "plotJobs", "plotterAnswers", "zoomRequests", "preferences", "systemVariables",
-                     "registry", "searchPathFiles", "menuFiles", "mxSupportFolder", "faults"});
-    HostState state;
-    if (const auto behaviour = in.member("behaviour")) {
-        behaviour->expectObject({"strictArguments", "menuIndexBeyondEnd", "newMenuItemsEnabled"});
-        readBoolean(*behaviour, "strictArguments", state.behaviour.strictArguments);
-        readBoolean(*behaviour, "newMenuItemsEnabled", state.behaviour.newMenuItemsEnabled);
-        readMember(*behaviour, "menuIndexBeyondEnd", state.behaviour.menuIndexBeyondEnd,
-                   [](const JsonReader& value) {
-                       if (const auto choice = detail::beyondEndNamed(text::toUtf8(value.text())))
-                           return *choice;
-                       value.expected("\"refuse\" or \"append\"");
-                   });
+    const auto named = detail::beyondEndNamed(text::toUtf8(in.text()));
+    if (!named)
+        in.expected("\"refuse\" or \"append\"");
+    choice = *named;
+}
+
+// A flyout names the group and the toolbar it opens.
+void readValue(const JsonReader& in, std::pair<std::wstring, std::wstring>& flyout)
+{
+    in.expectObject({"menuGroup", "toolbar"});
+    if (const auto group = in.member("menuGroup"))
+        readValue(*group, flyout.first);
+    if (const auto toolbar = in.member("toolbar"))
+        readValue(*toolbar, flyout.second);
+}
+
+template <class Struct> void readValue(const JsonReader& in, Struct& value)
+{
+    value = objectFrom<Struct>(in);
+}
+
+template <class Value> void readValue(const JsonReader& in, std::optional<Value>& value)
+{
+    if (in.isNull()) {
+        value.reset();
+        return;
     }
-    readNodesMember(in, "menuGroups", state.menuGroups, readGroup);
-    if (const auto bar = in.member("menuBar")) {
-        MenuBarReferences references(state);
-        for (const JsonReader& entry : bar->elements())
-            state.menuBar.push_back(references.entry(entry));
+    Value read{};
+    readValue(in, read);
+    value = std::move(read);
+}
+
+// A null node is a place where the host gives no object.
+template <class Node> void readValue(const JsonReader& in, std::shared_ptr<Node>& node)
+{
+    node = in.isNull() ? nullptr : std::make_shared<Node>(objectFrom<Node>(in));
+}
+
+template <class Value> void readValue(const JsonReader& in, std::vector<Value>& values)
+{
+    std::vector<Value> read;
+    for (const JsonReader& element : in.elements())
+        readValue(element, read.emplace_back());
+    values = std::move(read);
+}
+
+template <class Value> void readValue(const JsonReader& in, GapBuffer<Value>& values)
+{
+    std::vector<Value> read;
+    readValue(in, read);
+    values = GapBuffer<Value>(std::move(read));
+}
+
+template <class Value> void readValue(const JsonReader& in, std::map<std::wstring, Value>& values)
+{
+    std::map<std::wstring, Value> read;
+    for (const auto& [name, value] : in.members())
+        readValue(value, read[name]);
+    values = std::move(read);
+}
+
+template <class List> std::vector<const char*> namesOf(const List& list)
+{
+    return std::apply([](const auto&... fields) { return std::vector<const char*>{fields.name...}; }, list);
+}
+
+template <class Struct, class Value>
+void readField(const JsonReader& in, Struct& value, const detail::Field<Struct, Value>& field)
+{
+    readValue(in, value.*field.member);
+}
+
+template <class Struct>
+void readField(const JsonReader& in, Struct& value, const detail::Field<Struct, long>& field)
+{
+    value.*field.member = static_cast<long>(in.integer(field.lowest, field.highest));
+}
+
+template <class Struct, class Value>
+void readField(const JsonReader& in, Struct& value, const detail::SparseField<Struct, Value>& field)
+{
+    readValue(in, value.*field.member);
+}
+
+template <class Struct>
+void readField(const JsonReader& in, Struct& value, const detail::PointField<Struct>& field)
+{
+    const auto coordinates = in.elements();
+    if (coordinates.size() != 2)
+        in.expected("a point [x, y]");
+    value.*field.x = coordinates[0].real();
+    value.*field.y = coordinates[1].real();
+}
+
+template <class Struct, class List> void readFields(const JsonReader& in, Struct& value, const List& list);
+
+template <class Struct, class... Fields>
+void readField(const JsonReader& in, Struct& value, const detail::FieldGroup<Struct, Fields...>& group)
+{
+    readFields(in, value, group.fields);
+}
+
+// A position in the document's layouts (read before it), or a layout of its own.
+void readField(const JsonReader& in, Document& document,
+               const detail::Field<Document, std::shared_ptr<Layout>>&)
+{
+    if (in.isNull()) {
+        document.activeLayout = nullptr;
+        return;
     }
-    readNodesMember(in, "documents", state.documents, readDocument);
-    readMember(in, "activeDocument", state.activeDocument,
-               [&](const JsonReader& value) { return readActiveDocument(state, value); });
-    readMember(in, "drawingsOnDisk", state.drawingsOnDisk, readTexts);
-    readMember(in, "drawingDemands", state.drawingDemands,
-               [](const JsonReader& object) { return readMap<DrawingDemands>(object, readDrawingDemands); });
-    readMember(in, "plotJobs", state.plotJobs, [](const JsonReader& array) {
-        std::vector<PlotJob> jobs;
-        for (const JsonReader& element : array.elements())
-            jobs.push_back(readPlotJob(element));
-        return jobs;
-    });
-    readBoolean(in, "plotterAnswers", state.plotterAnswers);
-    readMember(in, "zoomRequests", state.zoomRequests, [](const JsonReader& array) {
-        std::vector<ZoomRequest> zooms;
-        for (const JsonReader& element : array.elements())
-            zooms.push_back(readZoom(element));
-        return zooms;
-    });
-    if (const auto preferences = in.member("preferences")) {
-        preferences->expectObject(
-            {"supportPath", "printerStyleSheetPath", "templateDrawingFolder", "drawingPath"});
-        readText(*preferences, "supportPath", state.preferences.supportPath);
-        readText(*preferences, "printerStyleSheetPath", state.preferences.printerStyleSheetPath);
-        readText(*preferences, "templateDrawingFolder", state.preferences.templateDrawingFolder);
-        readText(*preferences, "drawingPath", state.preferences.drawingPath);
+    if (in.isObject()) {
+        document.activeLayout = std::make_shared<Layout>(objectFrom<Layout>(in));
+        return;
     }
-    readMember(in, "systemVariables", state.systemVariables, [](const JsonReader& object) {
-        return readMap<short>(object, [](const JsonReader& value) {
-            return static_cast<short>(value.integer(SHRT_MIN, SHRT_MAX));
-        });
+    const long long position = in.integer(0, kLongHighest);
+    if (position >= static_cast<long long>(document.layouts.size()) || !document.layouts[position])
+        in.fail("no layout at index " + std::to_string(position));
+    document.activeLayout = document.layouts[position];
+}
+
+void readField(const JsonReader& in, HostState& state,
+               const detail::Field<HostState, std::vector<std::shared_ptr<PopupMenu>>>&)
+{
+    MenuBarReferences references(state);
+    std::vector<std::shared_ptr<PopupMenu>> menuBar;
+    for (const JsonReader& entry : in.elements())
+        menuBar.push_back(references.entry(entry));
+    state.menuBar = std::move(menuBar);
+}
+
+void readField(const JsonReader& in, HostState& state,
+               const detail::Field<HostState, std::shared_ptr<Document>>&)
+{
+    state.activeDocument = readActiveDocument(state, in);
+}
+
+// Defined after every kind of field, so that each finds its own reader.
+template <class Struct, class List> void readFields(const JsonReader& in, Struct& value, const List& list)
+{
+    in.expectObject(namesOf(list));
+    detail::forEachField(list, [&](const auto& field) {
+        if (const auto member = in.member(field.name))
+            readField(*member, value, field);
     });
-    if (const auto registry = in.member("registry")) {
-        registry->expectObject({"rootKey", "values"});
-        readText(*registry, "rootKey", state.registryRootKey);
-        readMember(*registry, "values", state.registryValues, [](const JsonReader& keys) {
-            return readMap<std::map<std::wstring, std::wstring>>(keys, [](const JsonReader& values) {
-                return readMap<std::wstring>(values, [](const JsonReader& value) { return value.text(); });
-            });
-        });
-    }
-    readMember(in, "searchPathFiles", state.searchPathFiles, [](const JsonReader& object) {
-        return readMap<std::wstring>(object, [](const JsonReader& value) { return value.text(); });
-    });
-    readMember(in, "menuFiles", state.menuFiles, [](const JsonReader& object) {
-        return readMap<std::shared_ptr<MenuGroup>>(object, [](const JsonReader& value) {
-            return value.isNull() ? nullptr : std::make_shared<MenuGroup>(readGroup(value));
-        });
-    });
-    readText(in, "mxSupportFolder", state.mxSupportFolder);
-    readMember(in, "faults", state.faults, readFaults);
-    return state;
+}
+
+template <class Struct> Struct objectFrom(const JsonReader& in)
+{
+    Struct value;
+    readFields(in, value, detail::Fields<Struct>::list);
+    return value;
 }
 
 }  // namespace
 
 HostState stateFromJson(const nlohmann::json& document)
 {
-    return readState(JsonReader(document, ""));
+    return objectFrom<HostState>(JsonReader(document, kStateSource));
 }
 
 std::vector<Fault> faultsFromJson(const nlohmann::json& document)
 {
-    return readFaults(JsonReader(document, ""));
+    std::vector<Fault> faults;
+    readValue(JsonReader(document, kStateSource), faults);
+    return faults;
 }
 
 HostState loadStateFile(const std::string& path)

@@ -1,9 +1,11 @@
 // A host state as JSON, in the form stateFromJson reads back to an equal state.
 #include "sim/state_json.h"
 
+#include "sim/journal.h"
+
 #include "json/names.h"
+#include "model/fields.h"
 #include "model/menu_places.h"
-#include "journal/status_names.h"
 #include "model/text.h"
 
 namespace sim {
@@ -16,144 +18,67 @@ json textOf(const std::wstring& value)
     return text::toUtf8(value);
 }
 
-json textsOf(const std::vector<std::wstring>& values)
+template <class Struct> json objectOf(const Struct& value);
+
+// Each kind of value as JSON; a struct of the model by its fields.
+json valueOf(const std::wstring& value) { return textOf(value); }
+json valueOf(bool value) { return value; }
+json valueOf(long value) { return value; }
+json valueOf(short value) { return value; }
+json valueOf(ItemType type) { return detail::nameOfItemType(type); }
+json valueOf(BeyondEnd choice) { return detail::nameOfBeyondEnd(choice); }
+json valueOf(const Fault& fault);
+
+// A flyout names the group and the toolbar it opens.
+json valueOf(const std::pair<std::wstring, std::wstring>& flyout)
+{
+    return {{"menuGroup", textOf(flyout.first)}, {"toolbar", textOf(flyout.second)}};
+}
+
+template <class Struct> json valueOf(const Struct& value) { return objectOf(value); }
+
+template <class Value> json valueOf(const std::optional<Value>& value)
+{
+    return value ? valueOf(*value) : json(nullptr);
+}
+
+// A null node is a place where the host gives no object.
+template <class Node> json valueOf(const std::shared_ptr<Node>& node)
+{
+    return node ? valueOf(*node) : json(nullptr);
+}
+
+template <class Value> json valueOf(const std::vector<Value>& values)
 {
     json array = json::array();
-    for (const std::wstring& value : values)
-        array.push_back(textOf(value));
+    for (const auto& value : values)
+        array.push_back(valueOf(value));
     return array;
 }
 
-template <class Nodes, class Write> json nodesOf(const Nodes& nodes, Write write)
+template <class Value> json valueOf(const GapBuffer<Value>& values)
 {
     json array = json::array();
-    for (const auto& node : nodes)
-        array.push_back(node ? write(*node) : json(nullptr));
+    for (const auto& value : values)
+        array.push_back(valueOf(value));
     return array;
 }
 
-json menuOf(const PopupMenu& menu);
-
-// Items are the bulk of a state: members that hold their default are left out.
-json itemOf(const PopupMenuItem& item)
+template <class Value> json valueOf(const std::map<std::wstring, Value>& values)
 {
-    json out = {{"type", detail::nameOfItemType(item.type)}};
-    if (!item.label.empty())
-        out["label"] = textOf(item.label);
-    if (!item.macro.empty())
-        out["macro"] = textOf(item.macro);
-    if (!item.tag.empty())
-        out["tag"] = textOf(item.tag);
-    if (!item.enabled)
-        out["enabled"] = false;
-    if (item.subMenu)
-        out["submenu"] = menuOf(*item.subMenu);
-    else if (item.type == ItemType::submenu)
-        out["submenu"] = nullptr;
-    return out;
+    json object = json::object();
+    for (const auto& [name, value] : values)
+        object[text::toUtf8(name)] = valueOf(value);
+    return object;
 }
 
-json menuOf(const PopupMenu& menu)
-{
-    return {{"name", textOf(menu.name)}, {"tag", textOf(menu.tag)}, {"items", nodesOf(menu.items, itemOf)}};
-}
-
-json buttonOf(const ToolbarButton& button)
-{
-    json out = {{"name", textOf(button.name)},
-                {"tag", textOf(button.tag)},
-                {"macro", textOf(button.macro)},
-                {"helpString", textOf(button.helpString)},
-                {"smallBitmap", textOf(button.smallBitmap)},
-                {"largeBitmap", textOf(button.largeBitmap)}};
-    if (button.flyout)
-        out["flyout"] = {{"menuGroup", textOf(button.flyout->first)},
-                         {"toolbar", textOf(button.flyout->second)}};
-    return out;
-}
-
-json toolbarOf(const Toolbar& toolbar)
-{
-    return {{"name", textOf(toolbar.name)},
-            {"tag", textOf(toolbar.tag)},
-            {"visible", toolbar.visible},
-            {"dockStatus", toolbar.dockStatus},
-            {"left", toolbar.left},
-            {"top", toolbar.top},
-            {"floatingRows", toolbar.floatingRows},
-            {"buttons", nodesOf(toolbar.buttons, buttonOf)}};
-}
-
-json groupOf(const MenuGroup& group)
-{
-    return {{"name", textOf(group.name)},
-            {"menus", nodesOf(group.menus, menuOf)},
-            {"toolbars", nodesOf(group.toolbars, toolbarOf)}};
-}
-
-json windowOf(const std::optional<PlotWindow>& window)
-{
-    if (!window)
-        return nullptr;
-    return {{"lowerLeft", {window->lowerLeftX, window->lowerLeftY}},
-            {"upperRight", {window->upperRightX, window->upperRightY}}};
-}
-
-json layoutOf(const Layout& layout)
-{
-    return {{"name", textOf(layout.name)}, {"plotType", layout.plotType}, {"window", windowOf(layout.window)}};
-}
-
-// A position in the document's layouts, or the layout itself when it is none of them.
-json activeLayoutOf(const Document& document)
-{
-    if (!document.activeLayout)
-        return nullptr;
-    for (size_t i = 0; i < document.layouts.size(); ++i)
-        if (document.layouts[i] == document.activeLayout)
-            return i;
-    return layoutOf(*document.activeLayout);
-}
-
-json documentOf(const Document& document)
-{
-    json out = {{"fullFileName", textOf(document.fullFileName)},
-                {"activeLayout", activeLayoutOf(document)},
-                {"plot",
-                 {{"numberOfCopies", document.plot.numberOfCopies},
-                  {"quietErrorMode", document.plot.quietErrorMode},
-                  {"batchEntries", document.plot.batchEntries},
-                  {"layoutsToPlot", textsOf(document.plot.layoutsToPlot)}}}};
-    // Left out while they hold their default, so that states written before they existed read the same.
-    if (!document.layouts.empty())
-        out["layouts"] = nodesOf(document.layouts, layoutOf);
-    if (document.readOnly)
-        out["readOnly"] = true;
-    if (document.drawingCheckWhenOpened)
-        out["drawingCheckWhenOpened"] = *document.drawingCheckWhenOpened;
-    return out;
-}
-
-json drawingDemandsOf(const DrawingDemands& demands)
-{
-    return {{"stopsForCheck", demands.stopsForCheck},
-            {"password", demands.password ? textOf(*demands.password) : json(nullptr)}};
-}
-
-json plotJobOf(const PlotJob& job)
-{
-    return {{"document", textOf(job.document)}, {"device", job.device ? textOf(*job.device) : json(nullptr)},
-            {"layouts", textsOf(job.layouts)},  {"numberOfCopies", job.numberOfCopies},
-            {"plotType", job.plotType},         {"window", windowOf(job.window)}};
-}
-
-json faultOf(const Fault& fault)
+json valueOf(const Fault& fault)
 {
     json out = {{"kind", detail::nameOfFaultKind(fault.kind)},
                 {"method", fault.method},
                 {"object", fault.object},
                 {"nth", fault.nth},
-                {"status", nameOfStatus(fault.status)},
+                {"status", statusName(fault.status)},
                 {"matchingCallsSeen", fault.matchingCallsSeen}};
     switch (fault.answer.kind) {
     case Answer::Kind::hostValue:
@@ -166,6 +91,27 @@ json faultOf(const Fault& fault)
         break;
     }
     return out;
+}
+
+// A position in the document's layouts, or the layout itself when it is none of them.
+json activeLayoutOf(const Document& document)
+{
+    if (!document.activeLayout)
+        return nullptr;
+    for (size_t i = 0; i < document.layouts.size(); ++i)
+        if (document.layouts[i] == document.activeLayout)
+            return i;
+    return objectOf(*document.activeLayout);
+}
+
+json activeDocumentOf(const HostState& state)
+{
+    if (!state.activeDocument)
+        return nullptr;
+    for (size_t i = 0; i < state.documents.size(); ++i)
+        if (state.documents[i] == state.activeDocument)
+            return i;
+    return objectOf(*state.activeDocument);  // a drawing outside the collection
 }
 
 // The menu bar's menus: each by the group that holds it (by name, or by position when the name is
@@ -181,7 +127,7 @@ json menuBarOf(const HostState& state)
             menuBar.push_back(nullptr);
         }
         else if (place == places.end()) {
-            menuBar.push_back({{"menu", menuOf(*menu)}});
+            menuBar.push_back({{"menu", objectOf(*menu)}});
         }
         else {
             const auto& name = state.menuGroups[place->second.group]->name;
@@ -192,70 +138,72 @@ json menuBarOf(const HostState& state)
     return menuBar;
 }
 
-json activeDocumentOf(const HostState& state)
+template <class Struct, class Value>
+void writeField(json& out, const Struct& value, const detail::Field<Struct, Value>& field)
 {
-    if (!state.activeDocument)
-        return nullptr;
-    for (size_t i = 0; i < state.documents.size(); ++i)
-        if (state.documents[i] == state.activeDocument)
-            return i;
-    return documentOf(*state.activeDocument);  // a drawing outside the collection
+    out[field.name] = valueOf(value.*field.member);
 }
 
-template <class Map, class Write> json mapOf(const Map& values, Write write)
+template <class Struct, class Value>
+void writeField(json& out, const Struct& value, const detail::SparseField<Struct, Value>& field)
 {
-    json object = json::object();
-    for (const auto& [name, value] : values)
-        object[text::toUtf8(name)] = write(value);
-    return object;
+    static const Struct defaults{};
+    if (!(value.*field.member == defaults.*field.member))
+        out[field.name] = valueOf(value.*field.member);
+}
+
+template <class Struct>
+void writeField(json& out, const Struct& value, const detail::PointField<Struct>& field)
+{
+    out[field.name] = {value.*field.x, value.*field.y};
+}
+
+template <class Struct, class... Fields>
+void writeField(json& out, const Struct& value, const detail::FieldGroup<Struct, Fields...>& group)
+{
+    json& members = out[group.name] = json::object();
+    detail::forEachField(group.fields, [&](const auto& field) { writeField(members, value, field); });
+}
+
+// A submenu item without its menu says so; other items leave the member out.
+void writeField(json& out, const PopupMenuItem& item,
+                const detail::Field<PopupMenuItem, std::shared_ptr<PopupMenu>>& field)
+{
+    if (item.subMenu || item.type == ItemType::submenu)
+        out[field.name] = valueOf(item.subMenu);
+}
+
+void writeField(json& out, const Document& document,
+                const detail::Field<Document, std::shared_ptr<Layout>>& field)
+{
+    out[field.name] = activeLayoutOf(document);
+}
+
+void writeField(json& out, const HostState& state,
+                const detail::Field<HostState, std::shared_ptr<Document>>& field)
+{
+    out[field.name] = activeDocumentOf(state);
+}
+
+void writeField(json& out, const HostState& state,
+                const detail::Field<HostState, std::vector<std::shared_ptr<PopupMenu>>>& field)
+{
+    out[field.name] = menuBarOf(state);
+}
+
+template <class Struct> json objectOf(const Struct& value)
+{
+    json out = json::object();
+    detail::forEachField(detail::Fields<Struct>::list,
+                         [&](const auto& field) { writeField(out, value, field); });
+    return out;
 }
 
 }  // namespace
 
 nlohmann::json stateToJson(const HostState& state)
 {
-    json plotJobs = json::array();
-    for (const PlotJob& job : state.plotJobs)
-        plotJobs.push_back(plotJobOf(job));
-    json zooms = json::array();
-    for (const ZoomRequest& zoom : state.zoomRequests)
-        zooms.push_back(
-            windowOf(PlotWindow{zoom.lowerLeftX, zoom.lowerLeftY, zoom.upperRightX, zoom.upperRightY}));
-    json faults = json::array();
-    for (const Fault& fault : state.faults)
-        faults.push_back(faultOf(fault));
-    const auto identity = [](const auto& value) { return json(value); };
-    return {
-        {"behaviour",
-         {{"strictArguments", state.behaviour.strictArguments},
-          {"menuIndexBeyondEnd", detail::nameOfBeyondEnd(state.behaviour.menuIndexBeyondEnd)},
-          {"newMenuItemsEnabled", state.behaviour.newMenuItemsEnabled}}},
-        {"menuGroups", nodesOf(state.menuGroups, groupOf)},
-        {"menuBar", menuBarOf(state)},
-        {"documents", nodesOf(state.documents, documentOf)},
-        {"activeDocument", activeDocumentOf(state)},
-        {"drawingsOnDisk", textsOf(state.drawingsOnDisk)},
-        {"drawingDemands", mapOf(state.drawingDemands, drawingDemandsOf)},
-        {"plotJobs", plotJobs},
-        {"plotterAnswers", state.plotterAnswers},
-        {"zoomRequests", zooms},
-        {"preferences",
-         {{"supportPath", textOf(state.preferences.supportPath)},
-          {"printerStyleSheetPath", textOf(state.preferences.printerStyleSheetPath)},
-          {"templateDrawingFolder", textOf(state.preferences.templateDrawingFolder)},
-          {"drawingPath", textOf(state.preferences.drawingPath)}}},
-        {"systemVariables", mapOf(state.systemVariables, identity)},
-        {"registry",
-         {{"rootKey", textOf(state.registryRootKey)},
-          {"values", mapOf(state.registryValues, [](const auto& named) { return mapOf(named, textOf); })}}},
-        {"searchPathFiles", mapOf(state.searchPathFiles, textOf)},
-        {"menuFiles", mapOf(state.menuFiles,
-                            [](const std::shared_ptr<MenuGroup>& group) {
-                                return group ? groupOf(*group) : json(nullptr);
-                            })},
-        {"mxSupportFolder", textOf(state.mxSupportFolder)},
-        {"faults", faults},
-    };
+    return objectOf(state);
 }
 
 }  // namespace sim

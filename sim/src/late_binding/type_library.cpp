@@ -3,7 +3,7 @@
 #include <mutex>
 
 #ifndef _WIN32
-#include "sim/utf8.h"
+#include "model/text.h"
 
 #include <dlfcn.h>
 #endif

@@ -1,6 +1,7 @@
 // Deep comparison of the model: nodes compare by content, whatever their identities.
 #include "sim/model.h"
 
+#include "model/fields.h"
 #include "model/menu_places.h"
 
 #include <algorithm>
@@ -62,110 +63,98 @@ bool sameMenuBar(const HostState& a, const HostState& b)
     return true;
 }
 
-bool sameMenuFiles(const HostState& a, const HostState& b)
+// A field compares by value; a node by its content, whatever its identity.
+template <class Value> bool sameValue(const Value& a, const Value& b) { return a == b; }
+
+template <class Node> bool sameValue(const std::shared_ptr<Node>& a, const std::shared_ptr<Node>& b)
 {
-    return std::equal(a.menuFiles.begin(), a.menuFiles.end(), b.menuFiles.begin(), b.menuFiles.end(),
-                      [](const auto& left, const auto& right) {
-                          return left.first == right.first && sameNode(left.second, right.second);
-                      });
+    return sameNode(a, b);
+}
+
+template <class Node>
+bool sameValue(const std::vector<std::shared_ptr<Node>>& a, const std::vector<std::shared_ptr<Node>>& b)
+{
+    return sameNodes(a, b);
+}
+
+template <class Node>
+bool sameValue(const GapBuffer<std::shared_ptr<Node>>& a, const GapBuffer<std::shared_ptr<Node>>& b)
+{
+    return sameNodes(a, b);
+}
+
+template <class Key, class Node>
+bool sameValue(const std::map<Key, std::shared_ptr<Node>>& a, const std::map<Key, std::shared_ptr<Node>>& b)
+{
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](const auto& left, const auto& right) {
+        return left.first == right.first && sameNode(left.second, right.second);
+    });
+}
+
+template <class Struct, class Value>
+bool sameField(const Struct& a, const Struct& b, const detail::Field<Struct, Value>& field)
+{
+    return sameValue(a.*field.member, b.*field.member);
+}
+
+template <class Struct, class Value>
+bool sameField(const Struct& a, const Struct& b, const detail::SparseField<Struct, Value>& field)
+{
+    return sameValue(a.*field.member, b.*field.member);
+}
+
+template <class Struct>
+bool sameField(const Struct& a, const Struct& b, const detail::PointField<Struct>& field)
+{
+    return a.*field.x == b.*field.x && a.*field.y == b.*field.y;
+}
+
+template <class Struct, class... Fields>
+bool sameField(const Struct& a, const Struct& b, const detail::FieldGroup<Struct, Fields...>& group)
+{
+    return detail::allFields(group.fields, [&](const auto& field) { return sameField(a, b, field); });
+}
+
+// Relations compare by where their node sits.
+bool sameField(const Document& a, const Document& b, const detail::Field<Document, std::shared_ptr<Layout>>&)
+{
+    return sameMember(a.layouts, a.activeLayout, b.layouts, b.activeLayout);
+}
+
+bool sameField(const HostState& a, const HostState& b,
+               const detail::Field<HostState, std::shared_ptr<Document>>&)
+{
+    return sameMember(a.documents, a.activeDocument, b.documents, b.activeDocument);
+}
+
+bool sameField(const HostState& a, const HostState& b,
+               const detail::Field<HostState, std::vector<std::shared_ptr<PopupMenu>>>&)
+{
+    return sameMenuBar(a, b);
+}
+
+template <class Struct> bool sameFields(const Struct& a, const Struct& b)
+{
+    return detail::allFields(detail::Fields<Struct>::list,
+                             [&](const auto& field) { return sameField(a, b, field); });
 }
 
 }  // namespace
 
-bool PopupMenuItem::operator==(const PopupMenuItem& other) const
-{
-    return type == other.type && label == other.label && macro == other.macro && tag == other.tag &&
-           enabled == other.enabled && sameNode(subMenu, other.subMenu);
-}
-
-bool PopupMenu::operator==(const PopupMenu& other) const
-{
-    return name == other.name && tag == other.tag && sameNodes(items, other.items);
-}
-
-bool ToolbarButton::operator==(const ToolbarButton& other) const
-{
-    return name == other.name && tag == other.tag && macro == other.macro && helpString == other.helpString &&
-           smallBitmap == other.smallBitmap && largeBitmap == other.largeBitmap && flyout == other.flyout;
-}
-
-bool Toolbar::operator==(const Toolbar& other) const
-{
-    return name == other.name && tag == other.tag && visible == other.visible &&
-           dockStatus == other.dockStatus && left == other.left && top == other.top &&
-           floatingRows == other.floatingRows && sameNodes(buttons, other.buttons);
-}
-
-bool MenuGroup::operator==(const MenuGroup& other) const
-{
-    return name == other.name && sameNodes(menus, other.menus) && sameNodes(toolbars, other.toolbars);
-}
-
-bool PlotWindow::operator==(const PlotWindow& other) const
-{
-    return lowerLeftX == other.lowerLeftX && lowerLeftY == other.lowerLeftY &&
-           upperRightX == other.upperRightX && upperRightY == other.upperRightY;
-}
-
-bool Layout::operator==(const Layout& other) const
-{
-    return name == other.name && plotType == other.plotType && window == other.window;
-}
-
-bool PlotSettings::operator==(const PlotSettings& other) const
-{
-    return numberOfCopies == other.numberOfCopies && quietErrorMode == other.quietErrorMode &&
-           batchEntries == other.batchEntries && layoutsToPlot == other.layoutsToPlot;
-}
-
-bool Document::operator==(const Document& other) const
-{
-    return fullFileName == other.fullFileName && sameNodes(layouts, other.layouts) &&
-           sameMember(layouts, activeLayout, other.layouts, other.activeLayout) && plot == other.plot &&
-           readOnly == other.readOnly && drawingCheckWhenOpened == other.drawingCheckWhenOpened;
-}
-
-bool DrawingDemands::operator==(const DrawingDemands& other) const
-{
-    return stopsForCheck == other.stopsForCheck && password == other.password;
-}
-
-bool PlotJob::operator==(const PlotJob& other) const
-{
-    return document == other.document && device == other.device && layouts == other.layouts &&
-           numberOfCopies == other.numberOfCopies && plotType == other.plotType && window == other.window;
-}
-
-bool ZoomRequest::operator==(const ZoomRequest& other) const
-{
-    return lowerLeftX == other.lowerLeftX && lowerLeftY == other.lowerLeftY &&
-           upperRightX == other.upperRightX && upperRightY == other.upperRightY;
-}
-
-bool PreferencesFiles::operator==(const PreferencesFiles& other) const
-{
-    return supportPath == other.supportPath && printerStyleSheetPath == other.printerStyleSheetPath &&
-           templateDrawingFolder == other.templateDrawingFolder && drawingPath == other.drawingPath;
-}
-
-bool HostBehaviour::operator==(const HostBehaviour& other) const
-{
-    return strictArguments == other.strictArguments && menuIndexBeyondEnd == other.menuIndexBeyondEnd &&
-           newMenuItemsEnabled == other.newMenuItemsEnabled;
-}
-
-bool HostState::operator==(const HostState& other) const
-{
-    return behaviour == other.behaviour && sameNodes(menuGroups, other.menuGroups) &&
-           sameMenuBar(*this, other) && sameNodes(documents, other.documents) &&
-           sameMember(documents, activeDocument, other.documents, other.activeDocument) &&
-           drawingsOnDisk == other.drawingsOnDisk &&
-           drawingDemands == other.drawingDemands &&
-           plotJobs == other.plotJobs && plotterAnswers == other.plotterAnswers &&
-           zoomRequests == other.zoomRequests && preferences == other.preferences &&
-           systemVariables == other.systemVariables && registryRootKey == other.registryRootKey &&
-           registryValues == other.registryValues && searchPathFiles == other.searchPathFiles &&
-           sameMenuFiles(*this, other) && mxSupportFolder == other.mxSupportFolder && faults == other.faults;
-}
+bool PopupMenuItem::operator==(const PopupMenuItem& other) const { return sameFields(*this, other); }
+bool PopupMenu::operator==(const PopupMenu& other) const { return sameFields(*this, other); }
+bool ToolbarButton::operator==(const ToolbarButton& other) const { return sameFields(*this, other); }
+bool Toolbar::operator==(const Toolbar& other) const { return sameFields(*this, other); }
+bool MenuGroup::operator==(const MenuGroup& other) const { return sameFields(*this, other); }
+bool PlotWindow::operator==(const PlotWindow& other) const { return sameFields(*this, other); }
+bool Layout::operator==(const Layout& other) const { return sameFields(*this, other); }
+bool PlotSettings::operator==(const PlotSettings& other) const { return sameFields(*this, other); }
+bool Document::operator==(const Document& other) const { return sameFields(*this, other); }
+bool DrawingDemands::operator==(const DrawingDemands& other) const { return sameFields(*this, other); }
+bool PlotJob::operator==(const PlotJob& other) const { return sameFields(*this, other); }
+bool ZoomRequest::operator==(const ZoomRequest& other) const { return sameFields(*this, other); }
+bool PreferencesFiles::operator==(const PreferencesFiles& other) const { return sameFields(*this, other); }
+bool HostBehaviour::operator==(const HostBehaviour& other) const { return sameFields(*this, other); }
+bool HostState::operator==(const HostState& other) const { return sameFields(*this, other); }
 
 }  // namespace sim

@@ -2,13 +2,15 @@
 // wide strings (UTF-16 on Windows, UTF-32 on Linux); the journal and JSON use UTF-8.
 #pragma once
 
-#include "sim/utf8.h"
-
 #include "automation.h"
+#include "automation/utf8.h"
 
 #include <string>
 
 namespace sim::text {
+
+using automation_text::fromUtf8;
+using automation_text::toUtf8;
 
 // Names of host objects and paths are matched without regard to letter case, the way the MX core
 // library folds case.

@@ -7,7 +7,7 @@
 #include "server/served_host.h"
 
 #include "sim/state_json.h"
-#include "sim/utf8.h"
+#include "model/text.h"
 
 #include "automation/com_object.h"
 

@@ -1,7 +1,7 @@
 #include "server/served_host.h"
 
 #include "calls/error_info.h"
-#include "sim/utf8.h"
+#include "model/text.h"
 
 #include <memory>
 #include <stdexcept>

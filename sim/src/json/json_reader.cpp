@@ -1,37 +1,52 @@
-#include "json/reader.h"
+#include "sim/json_reader.h"
 
-#include "sim/state_json.h"
 #include "model/text.h"
 
 #include <algorithm>
-#include <cstring>
-#include <limits>
 
-namespace sim::detail {
-// At the document's root the message stands alone: whoever read the document says where it is.
-void JsonReader::fail(const std::string& message) const
+namespace sim {
+
+std::string JsonSource::booleanExpected() const
 {
-    throw StateError(m_path.empty() ? message : m_path + ": " + message);
+    return "a boolean";
+}
+
+std::string JsonSource::unknownMember(const std::vector<const char*>& known) const
+{
+    std::string names;
+    for (const char* name : known)
+        names += (names.empty() ? "" : ", ") + std::string(name);
+    return "unknown member (expected one of: " + names + ")";
 }
 
 // Appended to the parent's path as it stands: parsing the path again for every member would cost
 // time in the square of the nesting depth.
-JsonReader JsonReader::at(const std::string& key, const nlohmann::json& value) const
+std::string jsonPathTo(const std::string& path, const std::string& key)
 {
-    std::string path = m_path;
-    path += '/';
+    std::string extended = path;
+    extended += '/';
     for (const char c : key) {
         if (c == '~')
-            path += "~0";
+            extended += "~0";
         else if (c == '/')
-            path += "~1";
+            extended += "~1";
         else
-            path += c;
+            extended += c;
     }
-    return JsonReader(value, std::move(path));
+    return extended;
 }
 
-void JsonReader::expectObject(std::initializer_list<const char*> known) const
+void JsonReader::fail(const std::string& message) const
+{
+    std::rethrow_exception(m_source->rejection(m_path, message));
+}
+
+JsonReader JsonReader::at(const std::string& key, const nlohmann::json& value) const
+{
+    return JsonReader(value, *m_source, jsonPathTo(m_path, key));
+}
+
+void JsonReader::expectObject(const std::vector<const char*>& known) const
 {
     if (!m_value->is_object())
         expected("an object");
@@ -39,12 +54,8 @@ void JsonReader::expectObject(std::initializer_list<const char*> known) const
         // Captured by name: clang before 16 cannot capture a structured binding in C++17.
         const bool isKnown =
             std::any_of(known.begin(), known.end(), [&key = key](const char* name) { return key == name; });
-        if (!isKnown) {
-            std::string names;
-            for (const char* name : known)
-                names += (names.empty() ? "" : ", ") + std::string(name);
-            at(key, value).fail("unknown member (expected one of: " + names + ")");
-        }
+        if (!isKnown)
+            at(key, value).fail(m_source->unknownMember(known));
     }
 }
 
@@ -54,6 +65,14 @@ std::optional<JsonReader> JsonReader::member(const char* name) const
     if (found == m_value->end())
         return std::nullopt;
     return at(name, *found);
+}
+
+JsonReader JsonReader::required(const char* name) const
+{
+    auto found = member(name);
+    if (!found)
+        fail(std::string("missing \"") + name + "\"");
+    return *found;
 }
 
 std::vector<std::pair<std::wstring, JsonReader>> JsonReader::members() const
@@ -82,20 +101,25 @@ std::vector<JsonReader> JsonReader::elements() const
     return elements;
 }
 
-std::wstring JsonReader::text() const
+const std::string& JsonReader::bytes() const
 {
     if (!m_value->is_string())
         expected("a string");
-    const auto converted = text::fromUtf8(m_value->get_ref<const std::string&>());
+    return m_value->get_ref<const std::string&>();
+}
+
+std::wstring JsonReader::text() const
+{
+    auto converted = text::fromUtf8(bytes());
     if (!converted)
         expected("a string of valid UTF-8");
-    return *converted;
+    return std::move(*converted);
 }
 
 bool JsonReader::boolean() const
 {
     if (!m_value->is_boolean())
-        expected("a boolean");
+        expected(m_source->booleanExpected());
     return m_value->get<bool>();
 }
 
@@ -124,4 +148,4 @@ double JsonReader::real() const
     return m_value->get<double>();
 }
 
-}  // namespace sim::detail
+}  // namespace sim
