@@ -32,6 +32,7 @@ public:
         m_place.menu->name = text::fromBstr(name);
         if (!m_place.submenuItems.empty())
             m_place.submenuItems.back()->label = m_place.menu->name;
+        renamedInIndexes();
         return call.succeed();
     }
 
@@ -66,8 +67,8 @@ public:
             return call.status();
         const auto& items = m_place.menu->items;
         size_t position = 0;
-        if (!findPosition(call, index, kMenuPosition, items, L"menu item", namedBy(&PopupMenuItem::label),
-                          position))
+        if (!findPosition(call, index, kMenuPosition, items, L"menu item",
+                          firstNamed<ItemLabel>(core(), items, m_place.menu), position))
             return call.status();
         return call.giveObject(item, [&] { return memberAt(position); });
     }
@@ -133,6 +134,7 @@ public:
             return call.status();
         bar.insert(bar.begin() + static_cast<std::ptrdiff_t>(at), m_place.menu);
         core().seats.remember(bar, at);
+        core().names.added(core().seats, bar, at);
         return call.succeed();
     }
 
@@ -143,6 +145,7 @@ public:
             return call.status();
         if (!isOnMenuBar())
             return call.fail(E_FAIL, L"menu '" + m_place.menu->name + L"' is not on the menu bar");
+        core().names.removed(state().menuBar, m_place.menu.get());
         core().seats.remove(state().menuBar, m_place.menu.get());
         return call.succeed();
     }
@@ -171,6 +174,21 @@ private:
         return m_place.submenuItems.empty() && core().seats.contains(state().menuBar, m_place.menu.get());
     }
 
+    // A renamed menu is asked for by its new name wherever it stands: on the menu bar, in its
+    // group, or as the item that leads to it.
+    void renamedInIndexes()
+    {
+        NameIndex& names = core().names;
+        const auto& leading = m_place.submenuItems;
+        names.renamed(core().seats, state().menuBar, m_place.menu.get());
+        if (leading.empty() && m_place.group)
+            names.renamed(core().seats, m_place.group->menus, m_place.menu.get());
+        if (leading.empty())
+            return;
+        const PopupMenu& parent = leading.size() > 1 ? *leading[leading.size() - 2]->subMenu : *m_place.top;
+        names.renamed(core().seats, parent.items, leading.back().get());
+    }
+
     // Inserts before the item now at the index (the count appends) and gives the new object.
     template <class Interface, class Make>
     HRESULT addItem(Call& call, const VARIANT& index, const std::wstring& what,
@@ -186,6 +204,7 @@ private:
         added->enabled = state().behaviour.newMenuItemsEnabled;
         items.insert(items.begin() + static_cast<std::ptrdiff_t>(at), added);
         core().seats.remember(items, at);
+        core().names.added(core().seats, items, at);
         return call.giveObject(output, make);
     }
 

@@ -30,8 +30,8 @@ public:
         if (!call.accepts(menu))
             return call.status();
         size_t position = 0;
-        if (!findPosition(call, index, kMenuPosition, m_group->menus, L"menu", namedBy(&PopupMenu::name),
-                          position))
+        if (!findPosition(call, index, kMenuPosition, m_group->menus, L"menu",
+                          firstNamed<MenuName>(core(), m_group->menus, m_group), position))
             return call.status();
         return call.giveObject(menu, [&] { return memberAt(position); });
     }
@@ -50,6 +50,7 @@ public:
         added->name = text::fromBstr(name);
         m_group->menus.push_back(added);
         core().seats.remember(m_group->menus, m_group->menus.size() - 1);
+        core().names.added(core().seats, m_group->menus, m_group->menus.size() - 1);
         core().menuOwners.added(m_group, *added);
         return call.giveObject(menu, [&] {
             return newPopupMenu(sharedCore(), MenuPlace{m_group, added, {}, added});
@@ -99,7 +100,7 @@ public:
             return call.status();
         size_t position = 0;
         if (!findPosition(call, index, kMenuPosition, state().menuBar, L"menu on the menu bar",
-                          namedBy(&PopupMenu::name), position))
+                          firstNamed<MenuName>(core(), state().menuBar), position))
             return call.status();
         return call.giveObject(menu, [&] { return memberAt(position); });
     }

@@ -31,8 +31,8 @@ public:
             return call.status();
         const auto& toolbars = m_group->toolbars;
         size_t position = 0;
-        if (!findPosition(call, index, kToolbarPosition, toolbars, L"toolbar", namedBy(&Toolbar::name),
-                          position))
+        if (!findPosition(call, index, kToolbarPosition, toolbars, L"toolbar",
+                          firstNamed<ToolbarName>(core(), toolbars, m_group), position))
             return call.status();
         return call.giveObject(toolbar, [&] { return memberAt(position); });
     }
@@ -160,7 +160,7 @@ public:
         const auto& buttons = toolbar().buttons;
         size_t position = 0;
         if (!findPosition(call, index, kToolbarPosition, buttons, L"toolbar button",
-                          namedBy(&ToolbarButton::name), position))
+                          firstNamed<ButtonName>(core(), buttons, m_place.toolbar), position))
             return call.status();
         return call.giveObject(button, [&] { return memberAt(position); });
     }
@@ -187,6 +187,7 @@ public:
         added->macro = text::fromBstr(macro);
         buttons.insert(buttons.begin() + static_cast<std::ptrdiff_t>(at), added);
         core().seats.remember(buttons, at);
+        core().names.added(core().seats, buttons, at);
         return call.giveObject(button, [&] { return newToolbarItem(sharedCore(), m_place, added); });
     }
 
