@@ -8,8 +8,6 @@
 
 #include "support/sized_host.h"
 
-#include "sim/state_json.h"
-
 namespace {
 
 using namespace module_bench;
@@ -17,10 +15,10 @@ using module_testing::HostSizes;
 
 struct Scaling {
     const char* operation;
-    const char* unit;         // what n counts
-    int HostSizes::*size;     // grown to n, the other sizes stay 1
-    bool givenGrows = false;  // the operation is also given n folders or snap entries
-    int largest = 10000;      // the largest n run
+    const char* unit;                  // what n counts
+    int HostSizes::*size;              // grown to n, the other sizes stay 1
+    bool givenGrows = false;           // the operation is also given n folders or snap entries
+    int largest = 10000;               // the largest n run
     bool groupMenusOnMenuBar = false;  // each of the groups has a menu on the menu bar
 };
 
@@ -67,37 +65,6 @@ Targets sizedHostTargets()
             L"C:\\Program Files\\MX\\Support\\MXTOOLS",
             std::wstring(L"C:\\Menus\\") + module_testing::kSoughtGroup};
 }
-
-// A host state of n groups, each with a menu on the menu bar, written as JSON and read back: the
-// menu bar refers to the groups' menus, which must not make either quadratic.
-HostSizes groupsWithBarMenus(int n)
-{
-    HostSizes sizes;
-    sizes.menuGroups = n;
-    sizes.groupMenusOnMenuBar = true;
-    return sizes;
-}
-
-void dumpState(benchmark::State& state)
-{
-    const int n = static_cast<int>(state.range(0));
-    const sim::HostState host = module_testing::sizedHost(groupsWithBarMenus(n));
-    for (auto _ : state)
-        benchmark::DoNotOptimize(sim::stateToJson(host));
-    state.SetComplexityN(n);
-}
-
-void loadState(benchmark::State& state)
-{
-    const int n = static_cast<int>(state.range(0));
-    const nlohmann::json dumped = sim::stateToJson(module_testing::sizedHost(groupsWithBarMenus(n)));
-    for (auto _ : state)
-        benchmark::DoNotOptimize(sim::stateFromJson(dumped));
-    state.SetComplexityN(n);
-}
-
-BENCHMARK(dumpState)->Name("state/dump/groups_with_bar_menus")->RangeMultiplier(10)->Range(10, 10000)->Complexity();
-BENCHMARK(loadState)->Name("state/load/groups_with_bar_menus")->RangeMultiplier(10)->Range(10, 10000)->Complexity();
 
 const bool registered = [] {
     for (const Scaling& scaling : kScalings) {

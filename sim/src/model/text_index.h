@@ -32,9 +32,9 @@ public:
             index.firstByKey.clear();
             index.read = 0;
         }
-        // Only entries not read yet are read: a list's at its end, a map's all of them.
-        auto next = entries.begin();
-        std::advance(next, static_cast<std::ptrdiff_t>(index.read));
+        // Only entries not read yet are read: a list's at its end, a map's all of them (a map read
+        // is not stepped through again, which would cost its size).
+        auto next = index.read == entries.size() ? entries.end() : std::next(entries.begin(), index.read);
         for (; next != entries.end(); ++next, ++index.read) {
             seats.countExamined(1);
             std::vector<std::wstring> keys;
