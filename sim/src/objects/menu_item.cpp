@@ -36,6 +36,8 @@ public:
         if (m_item->subMenu)
             m_item->subMenu->name = m_item->label;
         core().names.renamed(core().seats, m_menu.menu->items, m_item.get());
+        if (m_item->subMenu)
+            core().names.renamed(core().seats, state().menuBar, m_item->subMenu.get());
         return call.succeed();
     }
 
