@@ -20,6 +20,7 @@ struct Scaling {
     bool givenGrows = false;           // the operation is also given n folders or snap entries
     int largest = 10000;               // the largest n run
     bool groupMenusOnMenuBar = false;  // each of the groups has a menu on the menu bar
+    bool groupToolbars = false;        // each of the groups has a toolbar
 };
 
 // Each of n new entries is compared with each of the n items, and on the simulated host each item
@@ -48,6 +49,9 @@ const Scaling kScalings[] = {
     {"showHideToolbar/showing", "toolbars", &HostSizes::toolbars},
     {"isToolbarVisible", "toolbars", &HostSizes::toolbars},
     {"attachToolbarToFlyout", "buttons", &HostSizes::buttons},
+    // The flyout's toolbar is named by its group and by its tag: among many groups, and many toolbars.
+    {"attachToolbarToFlyout", "groups_with_toolbars", &HostSizes::menuGroups, false, 10000, false, true},
+    {"attachToolbarToFlyout", "toolbars", &HostSizes::toolbars},
     {"replaceToolbarButton", "buttons", &HostSizes::buttons},
     {"closeActiveDocument", "documents", &HostSizes::documents},
     {"openAndActivateDocument/open", "documents", &HostSizes::documents},
@@ -76,6 +80,7 @@ const bool registered = [] {
                                          HostSizes sizes;
                                          sizes.*scaling.size = n;
                                          sizes.groupMenusOnMenuBar = scaling.groupMenusOnMenuBar;
+                                         sizes.groupToolbars = scaling.groupToolbars;
                                          timeOperation(state, operation, module_testing::sizedHost(sizes),
                                                        sizedHostTargets(), scaling.givenGrows ? n : 1);
                                          state.SetComplexityN(n);
