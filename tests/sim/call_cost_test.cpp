@@ -211,6 +211,21 @@ const Walk kWalks[] = {
                      (group == unchanged().menuGroups.back() ? toolbar->tag : toolbar->name).c_str());
      },
      2},
+    // Each of a group's menus put on a menu bar of n menus and taken off again: neither asks for a
+    // search of the menu bar for a menu that is not on it.
+    {"menus_onto_and_off_the_menu_bar",
+     [](HostSizes& sizes, int n) {
+         sizes.menus = n;
+         sizes.menuBarMenus = n;
+     },
+     [](int n) {
+         HostPopupMenusPtr menus = soughtGroup()->GetMenus();
+         for (int i = 0; i < n; ++i) {
+             HostPopupMenuPtr menu = menus->Item(indexOf(VT_I4, i));
+             menu->InsertInMenuBar(indexOf(VT_I4, n));
+             menu->RemoveFromMenuBar();
+         }
+     }},
     // By file name and by the full path found, as the host's SDK is asked.
     {"search_path_files", [](HostSizes& sizes, int n) { sizes.searchPathFiles = n; },
      [](int) {

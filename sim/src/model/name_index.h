@@ -51,6 +51,13 @@ public:
         return best;
     }
 
+    // Whether `node` is one of `nodes`, known without a search for a node that is not.
+    template <class Naming, class Nodes>
+    bool holds(Seats& seats, const Nodes& nodes, const std::shared_ptr<const void>& owner, const void* node)
+    {
+        return indexOf<Naming>(seats, nodes, owner).keysByNode.count(node) > 0;
+    }
+
     // The node now at `position` of `nodes` was put there.
     template <class Nodes> void added(Seats& seats, const Nodes& nodes, size_t position)
     {

@@ -171,7 +171,8 @@ private:
 
     bool isOnMenuBar() const
     {
-        return m_place.submenuItems.empty() && core().seats.contains(state().menuBar, m_place.menu.get());
+        return m_place.submenuItems.empty() &&
+               core().names.holds<MenuName>(core().seats, state().menuBar, nullptr, m_place.menu.get());
     }
 
     // A renamed menu is asked for by its new name wherever it stands: on the menu bar, in its
