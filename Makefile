@@ -74,15 +74,16 @@ valgrind: build-linux
 BENCH_OUT := build/linux/bench
 bench: deps
 	cmake --preset linux >/dev/null
-	cmake --build --preset linux -j $(JOBS) --target operations_bench scaling_bench zorbsim module_tests
+	cmake --build --preset linux -j $(JOBS) --target operations_bench scaling_bench sim_calls_bench zorbsim module_tests
 	mkdir -p $(BENCH_OUT)
 	-./build/linux/bin/module_tests --gtest_filter='HostCallCounts*' --gtest_brief=1 \
 		--gtest_output=json:$(BENCH_OUT)/host_call_counts.json
 	./build/linux/bin/operations_bench --benchmark_out=$(BENCH_OUT)/operations.json --benchmark_out_format=json
 	./build/linux/bin/scaling_bench --benchmark_out=$(BENCH_OUT)/scaling.json --benchmark_out_format=json
+	./build/linux/bin/sim_calls_bench --benchmark_out=$(BENCH_OUT)/sim_calls.json --benchmark_out_format=json
 	./scripts/zorbsim_throughput.py build/linux/bin/zorbsim $(BENCH_OUT) 10000 100000 > $(BENCH_OUT)/zorbsim.json
 	./scripts/performance_page.py $(BENCH_OUT)/operations.json $(BENCH_OUT)/scaling.json \
-		$(BENCH_OUT)/zorbsim.json $(BENCH_OUT)/host_call_counts.json docs/performance.md
+		$(BENCH_OUT)/sim_calls.json $(BENCH_OUT)/zorbsim.json $(BENCH_OUT)/host_call_counts.json docs/performance.md
 
 # The browser test takes the screenshot in the build folder; the documentation shows this copy.
 screenshot: build-linux

@@ -8,8 +8,6 @@
 
 #include "support/sized_host.h"
 
-#include "sim/state_json.h"
-
 namespace {
 
 using namespace module_bench;
@@ -17,11 +15,12 @@ using module_testing::HostSizes;
 
 struct Scaling {
     const char* operation;
-    const char* unit;         // what n counts
-    int HostSizes::*size;     // grown to n, the other sizes stay 1
-    bool givenGrows = false;  // the operation is also given n folders or snap entries
-    int largest = 10000;      // the largest n run
+    const char* unit;                  // what n counts
+    int HostSizes::*size;              // grown to n, the other sizes stay 1
+    bool givenGrows = false;           // the operation is also given n folders or snap entries
+    int largest = 10000;               // the largest n run
     bool groupMenusOnMenuBar = false;  // each of the groups has a menu on the menu bar
+    bool groupToolbars = false;        // each of the groups has a toolbar
 };
 
 // Each of n new entries is compared with each of the n items, and on the simulated host each item
@@ -50,6 +49,9 @@ const Scaling kScalings[] = {
     {"showHideToolbar/showing", "toolbars", &HostSizes::toolbars},
     {"isToolbarVisible", "toolbars", &HostSizes::toolbars},
     {"attachToolbarToFlyout", "buttons", &HostSizes::buttons},
+    // The flyout's toolbar is named by its group and by its tag: among many groups, and many toolbars.
+    {"attachToolbarToFlyout", "groups_with_toolbars", &HostSizes::menuGroups, false, 10000, false, true},
+    {"attachToolbarToFlyout", "toolbars", &HostSizes::toolbars},
     {"replaceToolbarButton", "buttons", &HostSizes::buttons},
     {"closeActiveDocument", "documents", &HostSizes::documents},
     {"openAndActivateDocument/open", "documents", &HostSizes::documents},
@@ -68,37 +70,6 @@ Targets sizedHostTargets()
             std::wstring(L"C:\\Menus\\") + module_testing::kSoughtGroup};
 }
 
-// A host state of n groups, each with a menu on the menu bar, written as JSON and read back: the
-// menu bar refers to the groups' menus, which must not make either quadratic.
-HostSizes groupsWithBarMenus(int n)
-{
-    HostSizes sizes;
-    sizes.menuGroups = n;
-    sizes.groupMenusOnMenuBar = true;
-    return sizes;
-}
-
-void dumpState(benchmark::State& state)
-{
-    const int n = static_cast<int>(state.range(0));
-    const sim::HostState host = module_testing::sizedHost(groupsWithBarMenus(n));
-    for (auto _ : state)
-        benchmark::DoNotOptimize(sim::stateToJson(host));
-    state.SetComplexityN(n);
-}
-
-void loadState(benchmark::State& state)
-{
-    const int n = static_cast<int>(state.range(0));
-    const nlohmann::json dumped = sim::stateToJson(module_testing::sizedHost(groupsWithBarMenus(n)));
-    for (auto _ : state)
-        benchmark::DoNotOptimize(sim::stateFromJson(dumped));
-    state.SetComplexityN(n);
-}
-
-BENCHMARK(dumpState)->Name("state/dump/groups_with_bar_menus")->RangeMultiplier(10)->Range(10, 10000)->Complexity();
-BENCHMARK(loadState)->Name("state/load/groups_with_bar_menus")->RangeMultiplier(10)->Range(10, 10000)->Complexity();
-
 const bool registered = [] {
     for (const Scaling& scaling : kScalings) {
         const Operation& operation = operationNamed(scaling.operation);
@@ -109,6 +80,7 @@ const bool registered = [] {
                                          HostSizes sizes;
                                          sizes.*scaling.size = n;
                                          sizes.groupMenusOnMenuBar = scaling.groupMenusOnMenuBar;
+                                         sizes.groupToolbars = scaling.groupToolbars;
                                          timeOperation(state, operation, module_testing::sizedHost(sizes),
                                                        sizedHostTargets(), scaling.givenGrows ? n : 1);
                                          state.SetComplexityN(n);

@@ -1,23 +1,17 @@
 // Simple host calls on the simulated host, as the module makes them through the typed
-// interfaces: a collection's count, an item by position, the item's name. Run by hand:
-// build/linux/bin/sim_calls_bench. Items per second are host calls per second.
-#include "sim/host.h"
+// interfaces: a collection's count, an item by position, the item's name. The program also times
+// lookups by name and host states read and written on hosts of growing size (lookups_bench.cpp,
+// state_bench.cpp) and a call beside a GoogleMock mock's (mock_peer_bench.cpp). Run by hand:
+// build/linux/bin/sim_calls_bench, or `make bench`. Items per second are host calls per second.
+#include "sim_application.h"
 
-#include "framework.h"
-#include "host/object_model.h"
-#include "host/sdk.h"
+#include "sim/host.h"
 
 #include <benchmark/benchmark.h>
 
 namespace {
 
-HostApplicationPtr application()
-{
-    IDispatch* dispatch = zbedGetZorbWinApp()->GetIDispatch(TRUE);
-    HostApplicationPtr application(dispatch);
-    dispatch->Release();
-    return application;
-}
+using sim_bench::application;
 
 // Three host calls per iteration on the collection `reach` gives: its count, the item at
 // `position`, the item's name as `nameOf` reads it. The journal is on or off as the argument says.

@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
 """Writes docs/performance.md from one run of `make bench`: the Google Benchmark JSON of
-operations_bench and scaling_bench, the JSON of zorbsim_throughput.py, and GoogleTest's JSON of the
-host-call count tests (module_tests --gtest_filter='HostCallCounts*' --gtest_output=json:...), whose
-tests record their formulas as properties.
+operations_bench, scaling_bench and sim_calls_bench, the JSON of zorbsim_throughput.py, and
+GoogleTest's JSON of the host-call count tests (module_tests --gtest_filter='HostCallCounts*'
+--gtest_output=json:...), whose tests record their formulas as properties.
 
-usage: performance_page.py OPERATIONS.json SCALING.json ZORBSIM.json HOST_CALL_COUNTS.json OUT.md
+usage: performance_page.py OPERATIONS.json SCALING.json SIM_CALLS.json ZORBSIM.json HOST_CALL_COUNTS.json OUT.md
 """
 import datetime
 import json
@@ -75,6 +75,64 @@ def scaling_table(series, fits):
         own = duration(ns(largest) - largest["host_call_ns"])
         rows.append(f"| `{name}` | {times} | {fitted} | {rms['rms'] * 100:.0f} % | {ratio(largest)} | {own} |")
     return rows
+
+
+def sim_series_table(series, fits, prefix):
+    """The series of sim_calls_bench whose names start with `prefix`: times by n and the fit."""
+    chosen = {name: runs for name, runs in series.items() if name.startswith(prefix) and name in fits}
+    sizes = sorted({n for runs in chosen.values() for n in runs})
+    rows = ["| " + prefix.rstrip("/") + " / n | " + " | ".join(f"n = {n:,}" for n in sizes) + " | fitted | RMS |",
+            "|---|" + "---|" * len(sizes) + "---|---|"]
+    for name, runs in chosen.items():
+        big_o, rms = fits[name]["BigO"], fits[name]["RMS"]
+        times = " | ".join(duration(ns(runs[n])) if n in runs else "not run" for n in sizes)
+        rows.append(f"| `{name[len(prefix):]}` | {times} | {big_o['real_coefficient']:.3g} {big_o['time_unit']} · "
+                    f"{big_o['big_o']} | {rms['rms'] * 100:.0f} % |")
+    return rows
+
+
+def state_growth(series, fits):
+    """What the state rows fitted worse than N lg N grew by over their last tenfold step of n."""
+    lines = []
+    for name, runs in series.items():
+        sizes = sorted(runs)
+        if not name.startswith("state/") or fits[name]["BigO"]["big_o"] not in ("N^2", "N^3") or len(sizes) < 2:
+            continue
+        growth = ns(runs[sizes[-1]]) / ns(runs[sizes[-2]])
+        lines.append(f"- `{name[len('state/'):]}` is fitted as {fits[name]['BigO']['big_o']}, but grew {growth:.0f} "
+                     f"times from n = {sizes[-2]:,} to {sizes[-1]:,}, not the {(sizes[-1] // sizes[-2]) ** 2:,} times of a "
+                     "quadratic walk.")
+    if not lines:
+        return []
+    return ["The comparison makes one pass over the nodes of both states. Where its rows are fitted",
+            "worse than N lg N:", "", *lines, "",
+            "We take this for the two states' nodes, each of whose texts is an allocation of its own,",
+            "outgrowing the processor's caches; it is not proven by a count, as the comparison counts nothing.",
+            ""]
+
+
+def sim_calls_table(report):
+    """The runs of sim_calls_bench that are not series: calls on the default host, and the peer."""
+    rows = ["| benchmark | time per iteration | host calls per second |", "|---|---|---|"]
+    for run in report["benchmarks"]:
+        if run["name"].startswith(("lookup/", "state/")) or run.get("run_type") == "aggregate":
+            continue
+        label = f" ({run['label']})" if run.get("label") else ""
+        rate = f"{run['items_per_second']:,.0f}" if "items_per_second" in run else ""
+        rows.append(f"| `{run['name']}`{label} | {duration(ns(run))} | {rate} |")
+    return rows
+
+
+def peer_ratio(report):
+    """The simulated host's get_Count beside the GoogleMock mock's, as a sentence."""
+    runs = {run["name"]: run for run in report["benchmarks"]}
+    host, mock = runs.get("peer/get_Count/simulated_host"), runs.get("peer/get_Count/google_mock")
+    if not host or not mock:
+        return ["The peer benchmark did not run."]
+    faster, slower = ("simulated host", "GoogleMock mock") if ns(host) < ns(mock) else ("GoogleMock mock", "simulated host")
+    factor = max(ns(host), ns(mock)) / min(ns(host), ns(mock))
+    return [f"`HostMenuGroups::GetCount` took {duration(ns(host))} on the simulated host (journal off) and "
+            f"{duration(ns(mock))} on the mock: the {faster} answers {factor:.1f} times as fast as the {slower}."]
 
 
 def n_log_n_growth(series, fits):
@@ -171,9 +229,12 @@ def zorbsim_table(runs):
 
 
 def main():
-    operations, scaling, zorbsim, host_call_counts, out = sys.argv[1:]
+    operations, scaling, sim_calls, zorbsim, host_call_counts, out = sys.argv[1:]
     operations = load(operations)
     series, fits = scaling_series(load(scaling))
+    sim_calls = load(sim_calls)
+    sim_series, sim_fits = scaling_series(
+        {"benchmarks": [run for run in sim_calls["benchmarks"] if run["name"].startswith(("lookup/", "state/"))]})
     formulas = formula_rows(load(host_call_counts))
     page = [
         "# Performance",
@@ -218,8 +279,9 @@ def main():
         "choice among O(1), O(log n), O(n), O(n log n), O(n²) and O(n³), with its relative RMS error.",
         "The simulated host answers a call in the same time on any size of host: its check that the",
         "object called is still in the host finds the object's node where the host last saw it",
-        "(`sim/src/model/seats.h`; `tests/sim/call_cost_test.cpp` and the host-call count tests hold it to at",
-        "most four entries looked at per call). Each row's growth is thus its operation's own: linear",
+        "(`sim/src/model/seats.h`), and an entry asked for by name through its index of names (below);",
+        "`tests/sim/call_cost_test.cpp` and the host-call count tests hold each call to a few entries",
+        "looked at. Each row's growth is thus its operation's own: linear",
         "where the operation walks a collection once, worse only where its algorithm is (below). Where",
         "the overhead ratio grows with n, the growth is the module's own work besides its host calls",
         "(its own time is the time per call less the host calls' time).",
@@ -239,6 +301,49 @@ def main():
         "  each growth, about n²/16 reference copies: the module's own time, which is why their",
         "  overhead ratio grows with n. `loadMenus` collects them again for each file.",
         *snap_entries_reason(series, formulas),
+        "",
+        "## The simulated host's own calls",
+        "",
+        "`build/linux/bin/sim_calls_bench`, with the host's journal off unless a row says otherwise.",
+        "",
+        "### Lookups by name",
+        "",
+        "A host call that finds an entry by its name, on hosts of n entries of its kind, the one asked",
+        "for standing last (`bench/lookups_bench.cpp`). The host keeps the nodes of each collection",
+        "asked by name by their folded names (`sim/src/model/name_index.h`; the state's maps and lists",
+        "of names and paths in `sim/src/model/text_index.h`), kept by the calls that add, remove or",
+        "rename entries and read again after the state was changed directly, so that the time does not",
+        "grow with n; `tests/sim/call_cost_test.cpp` holds each walk by name to a constant number of",
+        "entries looked at per call. The flyout row names its toolbar by group among n groups and by",
+        "tag among the group's n toolbars; the menu file row loads a group beside n groups (whose names",
+        "it checks) and unloads it again.",
+        "",
+        *sim_series_table(sim_series, sim_fits, "lookup/"),
+        "",
+        "### Host states",
+        "",
+        "`sim::stateToJson`, `sim::stateFromJson` and `==` on states of n groups, each with a menu",
+        "on the menu bar (and a toolbar), n toolbars or n open drawings (`bench/state_bench.cpp`). The",
+        "menu bar's menus are related to the groups' and the active drawing to the drawings in one pass",
+        "each, so none is worse than linear in what it does; rows fitted as N lg N grow with the memory",
+        "the nodes take, as in the scaling rows above.",
+        "",
+        *sim_series_table(sim_series, sim_fits, "state/"),
+        "",
+        *state_growth(sim_series, sim_fits),
+        "### Single calls, and a GoogleMock peer",
+        "",
+        "A collection's count, an item by position and the item's name on the default host, with the",
+        "journal off and on; and one member, `HostMenuGroups::get_Count`, called through the imported",
+        "interface's typed wrapper on the simulated host and on a GoogleMock mock of the same interface",
+        "that expects the call and answers it (`bench/mock_peer_bench.cpp`).",
+        "",
+        *sim_calls_table(sim_calls),
+        "",
+        *peer_ratio(sim_calls),
+        "A mock's call goes through GoogleMock's matching of the call against its expectations, under",
+        "a lock, for every call; the simulated host's call checks that its object's node is still in",
+        "the host, consults the armed faults and answers from its state, with no journal entry written.",
         "",
         "## Host calls per operation",
         "",

@@ -595,8 +595,9 @@ TEST_P(PerOperation, FollowsItsFormula)
         << journalText(calls);
     // The host's own work per call does not grow with the host: each call finds its object's node
     // where the host last saw it (a menu item: its group, its menu, itself and its journal name).
+    // A collection asked by name is read once, to index it, after the state was set (n + 1 at most).
     const long long examined = host().entriesExamined() - examinedBefore;
-    EXPECT_LE(examined, kMostExaminedPerCall * static_cast<long long>(calls.size()))
+    EXPECT_LE(examined, kMostExaminedPerCall * static_cast<long long>(calls.size()) + n + 1)
         << operation.operation << " with n = " << n << " " << operation.unit << ": " << calls.size()
         << " host calls looked at " << examined << " entries of the host's collections";
 }

@@ -101,9 +101,16 @@ sim::HostState sizedHost(const HostSizes& sizes)
             group->menus.push_back(menu(numbered(L"PM_GROUP", number), 0));
             state.menuBar.push_back(group->menus.back());
         }
+        if (sizes.groupToolbars)
+            group->toolbars.push_back(toolbar(numbered(L"TB_GROUP", number), 1));
         state.menuGroups.push_back(group);
     }
     state.menuGroups.push_back(soughtGroup(sizes));
+    for (int number = 1; number <= sizes.menuFiles; ++number) {
+        auto group = std::make_shared<sim::MenuGroup>();
+        group->name = numbered(L"FILEGROUP", number);
+        state.menuFiles[L"C:\\Menus\\FILE" + std::to_wstring(number) + L".mnu"] = group;
+    }
 
     for (const std::wstring& tag : endingWith(sizes.menuBarMenus, L"PM_BAR", kSoughtBarMenuTag))
         state.menuBar.push_back(menu(tag, 0));

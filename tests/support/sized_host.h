@@ -21,6 +21,8 @@ struct HostSizes {
     // Each filler group holds one menu "PM_GROUP1" ..., and those stand on the menu bar before the
     // menus of no group, as when every group put its menu there.
     bool groupMenusOnMenuBar = false;
+    bool groupToolbars = false;  // each filler group holds one toolbar "TB_GROUP1" ... with one button
+    int menuFiles = 0;  // loadable, none loaded: "C:\Menus\FILE1.mnu" ... of groups "FILEGROUP1" ...
 
     // A host that grows in everything at once: n of each.
     static HostSizes allOf(int n);

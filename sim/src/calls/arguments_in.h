@@ -30,18 +30,11 @@ CollectionIndex readCollectionIndex(const Call& call, const VARIANT& index, VART
 HRESULT refuseIndex(Call& call, const CollectionIndex& index, const VARIANT& given, VARTYPE positionType,
                     const std::wstring& what);
 
-// Matches an item by one of its texts, without regard to case: namedBy(&MenuGroup::name).
-template <class Node> auto namedBy(std::wstring Node::*field)
-{
-    return
-        [field](const Node& node, const std::wstring& name) { return text::equalNoCase(node.*field, name); };
-}
-
-// The position of the item an index names: a position, or the first item `matches` takes for
-// the name.
-template <class Nodes, class Matches>
+// The position of the item an index names: a position, or the first item named so, which
+// `firstNamed(name)` gives (-1: none is).
+template <class Nodes, class FirstNamed>
 bool findPosition(Call& call, const VARIANT& given, VARTYPE positionType, const Nodes& nodes,
-                  const std::wstring& what, Matches matches, size_t& position)
+                  const std::wstring& what, FirstNamed firstNamed, size_t& position)
 {
     const CollectionIndex index = readCollectionIndex(call, given, positionType);
     if (index.kind == CollectionIndex::Kind::position && index.position >= 0 &&
@@ -50,11 +43,10 @@ bool findPosition(Call& call, const VARIANT& given, VARTYPE positionType, const 
         return true;
     }
     if (index.kind == CollectionIndex::Kind::name) {
-        for (size_t i = 0; i < nodes.size(); ++i) {
-            if (nodes[i] && matches(*nodes[i], index.name)) {
-                position = i;
-                return true;
-            }
+        const long named = firstNamed(index.name);
+        if (named >= 0) {
+            position = static_cast<size_t>(named);
+            return true;
         }
     }
     refuseIndex(call, index, given, positionType, what);

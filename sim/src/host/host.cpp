@@ -81,6 +81,8 @@ HostState& Host::state()
 {
     // Whoever holds the state may change it in any way, which the host's indexes cannot see.
     m_impl->installation.core().menuOwners.forget();
+    m_impl->installation.core().names.forget();
+    m_impl->installation.core().texts.forget();
     return m_impl->installation.core().state;
 }
 const HostState& Host::state() const

@@ -4,7 +4,9 @@
 #pragma once
 
 #include "model/menu_owners.h"
+#include "model/name_index.h"
 #include "model/seats.h"
+#include "model/text_index.h"
 #include "sim/journal.h"
 #include "sim/model.h"
 
@@ -34,6 +36,8 @@ struct HostCore {
     std::chrono::steady_clock::duration callTime{};  // spent inside calls while timingCalls
     Seats seats;  // where the calls last found the nodes of the objects called
     MenuOwners menuOwners;  // the loaded group of each menu, for the menu bar's menus
+    NameIndex names;        // the nodes of each collection asked by name, by name
+    TextIndex texts;        // the entries of the state's lists and maps of names and paths
     // Set while the dispatcher serves a late-bound call: the variant types of the caller's
     // arguments, which the call it reaches takes over.
     std::optional<std::vector<VARTYPE>> lateBoundArrival;

@@ -7,7 +7,7 @@
 #include "host/installation.h"
 #include "calls/named_subject.h"
 #include "host/sdk_buffers.h"
-#include "model/text.h"
+#include "model/namings.h"
 
 #include <cwchar>
 
@@ -22,14 +22,12 @@ const sim::detail::NamedSubject& sdkSubject()
     return subject;
 }
 
-// The system variable of that name (letter case ignored), or null.
-short* findVariable(sim::HostState& state, const wchar_t* name)
+// The first system variable of that name (letter case ignored), or null.
+short* findVariable(sim::detail::HostCore& core, const wchar_t* name)
 {
-    const std::wstring wanted(name);
-    for (auto& [variable, value] : state.systemVariables)
-        if (sim::text::equalNoCase(variable, wanted))
-            return &value;
-    return nullptr;
+    const auto variable =
+        core.texts.first<sim::detail::VariableName>(core.seats, core.state.systemVariables, name);
+    return variable ? &variable->second : nullptr;
 }
 
 // How a value handed to zbedSetVar is journalled.
@@ -73,7 +71,7 @@ int zbedGetVar(const wchar_t* name, resbuf* value)
     Call call(host->core(), sdkSubject(), sim::detail::undescribed::zbedGetVar.name, {Arg::sdkText(name)});
     if (call.refused())
         return kZbError;
-    short* variable = name != nullptr && value != nullptr ? findVariable(call.state(), name) : nullptr;
+    short* variable = name != nullptr && value != nullptr ? findVariable(host->core(), name) : nullptr;
     if (variable == nullptr) {
         call.fail(E_FAIL, L"no such system variable");
         return kZbError;
@@ -97,7 +95,7 @@ int zbedSetVar(const wchar_t* name, const resbuf* value)
               {Arg::sdkText(name), describeResult(value, scratch)});
     if (call.refused())
         return kZbError;
-    short* variable = name != nullptr ? findVariable(call.state(), name) : nullptr;
+    short* variable = name != nullptr ? findVariable(host->core(), name) : nullptr;
     if (variable == nullptr || value == nullptr || value->restype != kZbShortValue) {
         call.fail(E_FAIL, L"no such system variable, or not a whole-number value for it");
         return kZbError;
@@ -118,14 +116,11 @@ int zbedFindFile(const wchar_t* fileName, ZbString& found)
     if (call.refused())
         return kZbError;
     const std::wstring wanted = fileName != nullptr ? fileName : L"";
-    const std::wstring* path = nullptr;
-    for (const auto& [name, fullPath] : call.state().searchPathFiles) {
-        if (!wanted.empty() &&
-            (sim::text::equalNoCase(name, wanted) || sim::text::samePath(fullPath, wanted))) {
-            path = &fullPath;
-            break;
-        }
-    }
+    sim::detail::HostCore& core = host->core();
+    const auto file = wanted.empty() ? nullptr
+                                     : core.texts.first<sim::detail::SearchPathFile>(
+                                           core.seats, core.state.searchPathFiles, wanted);
+    const std::wstring* path = file ? &file->second : nullptr;
     if (path == nullptr) {
         call.fail(E_FAIL, L"file not found on the search path");
         return kZbError;

@@ -78,6 +78,9 @@ public:
         nodes.erase(nodes.begin() + position);
     }
 
+    // Entries looked at by a lookup of the host's other than find.
+    void countExamined(long long entries) { m_examined += entries; }
+
     // The entries of collections looked at by find, since the host was installed.
     long long examined() const { return m_examined; }
 

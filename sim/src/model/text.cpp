@@ -2,6 +2,7 @@
 
 #include "MxtString"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 
@@ -23,19 +24,24 @@ std::wstring foldedCase(const std::wstring& name)
     return folded;
 }
 
+namespace {
+
+std::wstring backslashed(std::wstring path)
+{
+    std::replace(path.begin(), path.end(), L'/', L'\\');
+    return path;
+}
+
+}  // namespace
+
 bool samePath(const std::wstring& a, const std::wstring& b)
 {
-    if (a.size() != b.size())
-        return false;
-    std::wstring left = a;
-    std::wstring right = b;
-    for (wchar_t& c : left)
-        if (c == L'/')
-            c = L'\\';
-    for (wchar_t& c : right)
-        if (c == L'/')
-            c = L'\\';
-    return equalNoCase(left, right);
+    return a.size() == b.size() && equalNoCase(backslashed(a), backslashed(b));
+}
+
+std::wstring foldedPath(const std::wstring& path)
+{
+    return foldedCase(backslashed(path));
 }
 
 std::string formatReal(double value)

@@ -22,6 +22,9 @@ std::wstring foldedCase(const std::wstring& name);
 // File paths as the host compares them: letter case ignored, '/' and '\' alike.
 bool samePath(const std::wstring& a, const std::wstring& b);
 
+// The form of a path in which samePath is plain equality, for keys of lookups by path.
+std::wstring foldedPath(const std::wstring& path);
+
 // A null automation string reads as the empty string.
 inline std::wstring fromBstr(BSTR text)
 {

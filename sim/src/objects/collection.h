@@ -8,27 +8,28 @@
 #include "calls/arguments_in.h"
 #include "objects/enumeration.h"
 #include "objects/host_object.h"
+#include "objects/places.h"
+#include "model/namings.h"
 
 #include <memory>
 #include <vector>
 
 namespace sim::detail {
 
-// How one collection's calls are named and how its Item reads an index.
-template <class Matches> struct CollectionTerms {
+// How one collection's calls are named and what its Item calls a member in a failure.
+struct CollectionTerms {
     const members::Member& count;
     const members::Member& item;
     const members::Member& enumeration;
     VARTYPE positionType;        // the variant type documented for a position
     const wchar_t* memberWords;  // what a member is called in a failure: "menu group"
-    Matches answersTo;           // whether a member answers to a name given as the index
 };
 
 // `Member` is the interface of the objects made for the members, `Node` what the host keeps for one
-// in a `NodeList`; a member answers to a name as namedBy(&Node::field) decides unless `Matches`
-// says otherwise.
-template <class Interface, class Member, class Node, class NodeList = std::vector<std::shared_ptr<Node>>,
-          class Matches = decltype(namedBy<Node>(nullptr))>
+// in a `NodeList`; `Naming` (model/namings.h) says which names a member answers to when Item is
+// given a name, which the host's index of those names finds at once.
+template <class Interface, class Member, class Node, class Naming,
+          class NodeList = std::vector<std::shared_ptr<Node>>>
 class HostCollection : public HostObject<Interface>, public EnumerableCollection {
 public:
     HRESULT STDMETHODCALLTYPE get_Count(LONG* count) override
@@ -45,8 +46,8 @@ public:
         if (!call.accepts(member))
             return call.status();
         size_t position = 0;
-        if (!findPosition(call, index, m_terms.positionType, nodes(), m_terms.memberWords, m_terms.answersTo,
-                          position))
+        if (!findPosition(call, index, m_terms.positionType, nodes(), m_terms.memberWords,
+                          firstNamed<Naming>(this->core(), nodes(), nodesOwner()), position))
             return call.status();
         return call.giveObject(member, [&] { return memberAt(position); });
     }
@@ -67,7 +68,7 @@ public:
 
 protected:
     using Nodes = NodeList;
-    using Terms = CollectionTerms<Matches>;
+    using Terms = CollectionTerms;
 
     HostCollection(std::shared_ptr<HostCore> core, Terms terms)
         : HostObject<Interface>(std::move(core)), m_terms(std::move(terms))
@@ -76,6 +77,8 @@ protected:
 
     // The collection's nodes as they are at the moment of asking.
     virtual const Nodes& nodes() const = 0;
+    // The node that holds nodes(), which keys the index of their names; null for the state's own.
+    virtual std::shared_ptr<const void> nodesOwner() const { return nullptr; }
     // A new object, with a reference for the caller, for `node`, one of nodes(); null where the
     // host gives no object.
     virtual Member* newObjectFor(const std::shared_ptr<Node>& node) = 0;

@@ -3,26 +3,13 @@
 #include "objects/collection.h"
 #include "objects/objects.h"
 
-#include <algorithm>
-
 namespace sim::detail {
 namespace {
 
-// A drawing is known by its full file name or by its file name alone.
-bool namesDocument(const Document& document, const std::wstring& name)
+std::shared_ptr<Document> openDocumentAt(HostCore& core, const std::wstring& path)
 {
-    const std::wstring& full = document.fullFileName;
-    const size_t separator = full.find_last_of(L"\\/");
-    return text::samePath(full, name) ||
-           (separator != std::wstring::npos && text::equalNoCase(full.substr(separator + 1), name));
-}
-
-std::shared_ptr<Document> openDocumentAt(const HostState& state, const std::wstring& path)
-{
-    for (const auto& document : state.documents)
-        if (document && text::samePath(document->fullFileName, path))
-            return document;
-    return nullptr;
+    const long position = firstNamed<DocumentPath>(core, core.state.documents)(path);
+    return position < 0 ? nullptr : core.state.documents[static_cast<size_t>(position)];
 }
 
 // A host without the variable checks the drawings it opens, as its default of 1 does.
@@ -54,13 +41,12 @@ std::wstring refusalReason(HRESULT refused, const std::wstring& file)
 }
 
 class DocumentsObject final
-    : public HostCollection<HostDocuments, HostDocument, Document, decltype(HostState::documents),
-                            decltype(&namesDocument)> {
+    : public HostCollection<HostDocuments, HostDocument, Document, DocumentName,
+                            decltype(HostState::documents)> {
 public:
     explicit DocumentsObject(const CorePtr& core)
         : HostCollection(core, {members::HostDocuments::get_Count, members::HostDocuments::Item,
-                                members::HostDocuments::_NewEnum, kDocumentPosition, L"open drawing",
-                                namesDocument})
+                                members::HostDocuments::_NewEnum, kDocumentPosition, L"open drawing"})
     {
     }
 
@@ -84,12 +70,10 @@ public:
         const std::wstring path = text::fromBstr(fileName);
         if (path.empty())
             return call.fail(E_INVALIDARG, L"no drawing to open was named");
-        auto opened = openDocumentAt(state(), path);
+        auto opened = openDocumentAt(core(), path);
         if (!opened) {
-            const auto& disk = state().drawingsOnDisk;
-            const auto file = std::find_if(disk.begin(), disk.end(),
-                                           [&](const std::wstring& f) { return text::samePath(f, path); });
-            if (file == disk.end())
+            const auto file = core().texts.first<DiskDrawingPath>(core().seats, state().drawingsOnDisk, path);
+            if (file == nullptr)
                 return call.fail(HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND),
                                  L"drawing '" + path + L"' was not found");
             const short drawingCheck = drawingCheckInForce(state());
@@ -104,6 +88,7 @@ public:
             giveLayouts(*opened, {L"Layout1"});
             state().documents.push_back(opened);
             core().seats.remember(state().documents, state().documents.size() - 1);
+            core().names.added(core().seats, state().documents, state().documents.size() - 1);
         }
         else if (call.givesNull()) {
             return call.succeed();
@@ -163,11 +148,11 @@ public:
         if (save) {
             const std::wstring target = saveAs.empty() ? m_document->fullFileName : saveAs;
             auto& disk = state().drawingsOnDisk;
-            if (std::none_of(disk.begin(), disk.end(),
-                             [&](const std::wstring& f) { return text::samePath(f, target); }))
+            if (!core().texts.first<DiskDrawingPath>(core().seats, disk, target))
                 disk.push_back(target);
         }
         auto& documents = state().documents;
+        core().names.removed(documents, m_document.get());
         core().seats.remove(documents, m_document.get());
         if (state().activeDocument == m_document)
             state().activeDocument = documents.empty() ? nullptr : documents.back();

@@ -17,12 +17,11 @@ std::unordered_set<const PopupMenu*> menusOf(const MenuGroup& group)
     return menus;
 }
 
-class MenuGroupsObject final : public HostCollection<HostMenuGroups, HostMenuGroup, MenuGroup> {
+class MenuGroupsObject final : public HostCollection<HostMenuGroups, HostMenuGroup, MenuGroup, GroupName> {
 public:
     explicit MenuGroupsObject(const CorePtr& core)
         : HostCollection(core, {members::HostMenuGroups::get_Count, members::HostMenuGroups::Item,
-                                members::HostMenuGroups::_NewEnum, kMenuPosition, L"menu group",
-                                namedBy(&MenuGroup::name)})
+                                members::HostMenuGroups::_NewEnum, kMenuPosition, L"menu group"})
     {
     }
 
@@ -45,19 +44,19 @@ public:
         if (asBaseMenu)
             return call.fail(E_INVALIDARG, L"loading a menu file as the base menu is not simulated");
         const std::wstring path = text::fromBstr(menuFile);
-        const auto file = std::find_if(state().menuFiles.begin(), state().menuFiles.end(),
-                                       [&](const auto& entry) { return text::samePath(entry.first, path); });
-        if (file == state().menuFiles.end())
+        const auto file = core().texts.first<MenuFilePath>(core().seats, state().menuFiles, path);
+        if (file == nullptr)
             return call.fail(HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND),
                              L"menu file '" + path + L"' was not found");
         if (!file->second)
             return call.fail(E_FAIL, L"'" + path + L"' is not a menu file");
-        if (loadedGroupNamed(state(), file->second->name))
+        if (loadedGroupNamed(core(), file->second->name))
             return call.fail(E_FAIL, L"menu group '" + file->second->name + L"' is already loaded");
         if (call.givesNull())
             return call.succeed();  // the output was cleared: no group, and none loaded
         state().menuGroups.push_back(copyMenuGroup(*file->second));
         core().seats.remember(state().menuGroups, state().menuGroups.size() - 1);
+        core().names.added(core().seats, state().menuGroups, state().menuGroups.size() - 1);
         core().menuOwners.loaded(state().menuGroups.back());
         return call.giveObject(group, [&] { return newMenuGroup(sharedCore(), state().menuGroups.back()); });
     }
@@ -114,8 +113,11 @@ public:
             return call.status();
         const std::unordered_set<const PopupMenu*> menus = menusOf(*m_group);
         auto& bar = state().menuBar;
+        for (const PopupMenu* menu : menus)
+            core().names.removed(bar, menu);
         bar.erase(std::remove_if(bar.begin(), bar.end(), [&](const auto& menu) { return menus.count(menu.get()); }),
                   bar.end());
+        core().names.removed(state().menuGroups, m_group.get());
         core().seats.remove(state().menuGroups, m_group.get());
         core().menuOwners.unloaded(*m_group);
         return call.succeed();

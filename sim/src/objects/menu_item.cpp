@@ -35,6 +35,9 @@ public:
         m_item->label = text::fromBstr(label);
         if (m_item->subMenu)
             m_item->subMenu->name = m_item->label;
+        core().names.renamed(core().seats, m_menu.menu->items, m_item.get());
+        if (m_item->subMenu)
+            core().names.renamed(core().seats, state().menuBar, m_item->subMenu.get());
         return call.succeed();
     }
 
@@ -85,6 +88,7 @@ public:
         Call call = begin(members::HostPopupMenuItem::Delete);
         if (call.refused())
             return call.status();
+        core().names.removed(m_menu.menu->items, m_item.get());
         core().seats.remove(m_menu.menu->items, m_item.get());
         return call.succeed();
     }

@@ -30,12 +30,10 @@ MenuPlace placeOfTopMenu(HostCore& core, const std::shared_ptr<PopupMenu>& menu)
     return MenuPlace{core.menuOwners.ownerOf(core.state, core.seats, *menu), menu, {}, menu};
 }
 
-std::shared_ptr<MenuGroup> loadedGroupNamed(const HostState& state, const std::wstring& name)
+std::shared_ptr<MenuGroup> loadedGroupNamed(HostCore& core, const std::wstring& name)
 {
-    for (const auto& group : state.menuGroups)
-        if (group && text::equalNoCase(group->name, name))
-            return group;
-    return nullptr;
+    const long position = firstNamed<GroupName>(core, core.state.menuGroups)(name);
+    return position < 0 ? nullptr : core.state.menuGroups[static_cast<size_t>(position)];
 }
 
 std::wstring goneReason(HostCore& core, const MenuGroup& group)

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "host/host_core.h"
+#include "model/namings.h"
 #include "sim/model.h"
 
 #include <memory>
@@ -31,8 +32,18 @@ struct ToolbarPlace {
 // A top-level menu as the menu bar gives it: placed in the loaded group that holds it, if any.
 MenuPlace placeOfTopMenu(HostCore& core, const std::shared_ptr<PopupMenu>& menu);
 
-// The loaded group of that name (letter case ignored), or null.
-std::shared_ptr<MenuGroup> loadedGroupNamed(const HostState& state, const std::wstring& name);
+// The first loaded group of that name (letter case ignored), or null.
+std::shared_ptr<MenuGroup> loadedGroupNamed(HostCore& core, const std::wstring& name);
+
+// The position of the first node of `nodes` (held by `owner`, null for the state's own
+// collections) that `Naming` calls a name, as a function of the name; -1 when none is.
+template <class Naming, class Nodes>
+auto firstNamed(HostCore& core, const Nodes& nodes, std::shared_ptr<const void> owner = nullptr)
+{
+    return [&core, &nodes, owner](const std::wstring& name) {
+        return core.names.first<Naming>(core.seats, nodes, owner, name);
+    };
+}
 
 // Why the node can no longer be used; empty while it is in the host. Each node is looked for where
 // it was last found (HostCore::seats), so that the check costs the same on any size of host.

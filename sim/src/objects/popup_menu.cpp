@@ -6,12 +6,11 @@ namespace sim::detail {
 namespace {
 
 class PopupMenuObject final
-    : public HostCollection<HostPopupMenu, HostPopupMenuItem, PopupMenuItem, decltype(PopupMenu::items)> {
+    : public HostCollection<HostPopupMenu, HostPopupMenuItem, PopupMenuItem, ItemLabel, decltype(PopupMenu::items)> {
 public:
     PopupMenuObject(const CorePtr& core, MenuPlace place)
         : HostCollection(core, {members::HostPopupMenu::get_Count, members::HostPopupMenu::Item,
-                                members::HostPopupMenu::_NewEnum, kMenuPosition, L"menu item",
-                                namedBy(&PopupMenuItem::label)}),
+                                members::HostPopupMenu::_NewEnum, kMenuPosition, L"menu item"}),
           m_place(std::move(place))
     {
     }
@@ -38,6 +37,7 @@ public:
         m_place.menu->name = text::fromBstr(name);
         if (!m_place.submenuItems.empty())
             m_place.submenuItems.back()->label = m_place.menu->name;
+        renamedInIndexes();
         return call.succeed();
     }
 
@@ -118,6 +118,7 @@ public:
             return call.status();
         bar.insert(bar.begin() + static_cast<std::ptrdiff_t>(at), m_place.menu);
         core().seats.remember(bar, at);
+        core().names.added(core().seats, bar, at);
         return call.succeed();
     }
 
@@ -128,6 +129,7 @@ public:
             return call.status();
         if (!isOnMenuBar())
             return call.fail(E_FAIL, L"menu '" + m_place.menu->name + L"' is not on the menu bar");
+        core().names.removed(state().menuBar, m_place.menu.get());
         core().seats.remove(state().menuBar, m_place.menu.get());
         return call.succeed();
     }
@@ -135,6 +137,7 @@ public:
 protected:
     const char* interfaceName() const override { return "HostPopupMenu"; }
     const Nodes& nodes() const override { return m_place.menu->items; }
+    std::shared_ptr<const void> nodesOwner() const override { return m_place.menu; }
     HostPopupMenuItem* newObjectFor(const std::shared_ptr<PopupMenuItem>& item) override
     {
         return newPopupMenuItem(sharedCore(), m_place, item);
@@ -143,7 +146,23 @@ protected:
 private:
     bool isOnMenuBar() const
     {
-        return m_place.submenuItems.empty() && core().seats.contains(state().menuBar, m_place.menu.get());
+        return m_place.submenuItems.empty() &&
+               core().names.holds<MenuName>(core().seats, state().menuBar, nullptr, m_place.menu.get());
+    }
+
+    // A renamed menu is asked for by its new name wherever it stands: on the menu bar, in its
+    // group, or as the item that leads to it.
+    void renamedInIndexes()
+    {
+        NameIndex& names = core().names;
+        const auto& leading = m_place.submenuItems;
+        names.renamed(core().seats, state().menuBar, m_place.menu.get());
+        if (leading.empty() && m_place.group)
+            names.renamed(core().seats, m_place.group->menus, m_place.menu.get());
+        if (leading.empty())
+            return;
+        const PopupMenu& parent = leading.size() > 1 ? *leading[leading.size() - 2]->subMenu : *m_place.top;
+        names.renamed(core().seats, parent.items, leading.back().get());
     }
 
     // Inserts before the item now at the index (the count appends) and gives the new object.
@@ -161,6 +180,7 @@ private:
         added->enabled = state().behaviour.newMenuItemsEnabled;
         items.insert(items.begin() + static_cast<std::ptrdiff_t>(at), added);
         core().seats.remember(items, at);
+        core().names.added(core().seats, items, at);
         return call.giveObject(output, make);
     }
 

@@ -5,12 +5,11 @@
 namespace sim::detail {
 namespace {
 
-class PopupMenusObject final : public HostCollection<HostPopupMenus, HostPopupMenu, PopupMenu> {
+class PopupMenusObject final : public HostCollection<HostPopupMenus, HostPopupMenu, PopupMenu, MenuName> {
 public:
     PopupMenusObject(const CorePtr& core, std::shared_ptr<MenuGroup> group)
         : HostCollection(core, {members::HostPopupMenus::get_Count, members::HostPopupMenus::Item,
-                                members::HostPopupMenus::_NewEnum, kMenuPosition, L"menu",
-                                namedBy(&PopupMenu::name)}),
+                                members::HostPopupMenus::_NewEnum, kMenuPosition, L"menu"}),
           m_group(std::move(group))
     {
     }
@@ -32,6 +31,7 @@ public:
         added->name = text::fromBstr(name);
         m_group->menus.push_back(added);
         core().seats.remember(m_group->menus, m_group->menus.size() - 1);
+        core().names.added(core().seats, m_group->menus, m_group->menus.size() - 1);
         core().menuOwners.added(m_group, *added);
         return call.giveObject(menu, [&] {
             return newPopupMenu(sharedCore(), MenuPlace{m_group, added, {}, added});
@@ -41,6 +41,7 @@ public:
 protected:
     const char* interfaceName() const override { return "HostPopupMenus"; }
     const Nodes& nodes() const override { return m_group->menus; }
+    std::shared_ptr<const void> nodesOwner() const override { return m_group; }
     HostPopupMenu* newObjectFor(const std::shared_ptr<PopupMenu>& menu) override
     {
         return newPopupMenu(sharedCore(), MenuPlace{m_group, menu, {}, menu});
@@ -50,12 +51,11 @@ private:
     std::shared_ptr<MenuGroup> m_group;
 };
 
-class MenuBarObject final : public HostCollection<HostMenuBar, HostPopupMenu, PopupMenu> {
+class MenuBarObject final : public HostCollection<HostMenuBar, HostPopupMenu, PopupMenu, MenuName> {
 public:
     explicit MenuBarObject(const CorePtr& core)
         : HostCollection(core, {members::HostMenuBar::get_Count, members::HostMenuBar::Item,
-                                members::HostMenuBar::_NewEnum, kMenuPosition, L"menu on the menu bar",
-                                namedBy(&PopupMenu::name)})
+                                members::HostMenuBar::_NewEnum, kMenuPosition, L"menu on the menu bar"})
     {
     }
 

@@ -2,8 +2,6 @@
 #include "objects/host_object.h"
 #include "objects/objects.h"
 
-#include <algorithm>
-
 namespace sim::detail {
 namespace {
 
@@ -74,15 +72,11 @@ public:
             return call.status();
         const std::wstring groupName = text::fromBstr(menuGroupName);
         const std::wstring toolbar = text::fromBstr(toolbarName);
-        const auto group = loadedGroupNamed(state(), groupName);
+        const auto group = loadedGroupNamed(core(), groupName);
         if (!group)
             return call.fail(E_INVALIDARG, L"no menu group '" + groupName + L"' is loaded");
         const bool known =
-            std::any_of(group->toolbars.begin(), group->toolbars.end(), [&](const auto& candidate) {
-                return candidate && !toolbar.empty() &&
-                       (text::equalNoCase(candidate->name, toolbar) ||
-                        text::equalNoCase(candidate->tag, toolbar));
-            });
+            !toolbar.empty() && firstNamed<ToolbarNameOrTag>(core(), group->toolbars, group)(toolbar) >= 0;
         if (!known)
             return call.fail(E_INVALIDARG,
                              L"menu group '" + group->name + L"' has no toolbar '" + toolbar + L"'");
@@ -95,6 +89,7 @@ public:
         Call call = begin(members::HostToolbarItem::Delete);
         if (call.refused())
             return call.status();
+        core().names.removed(m_toolbar.toolbar->buttons, m_button.get());
         core().seats.remove(m_toolbar.toolbar->buttons, m_button.get());
         return call.succeed();
     }

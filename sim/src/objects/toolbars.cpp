@@ -5,12 +5,11 @@
 namespace sim::detail {
 namespace {
 
-class ToolbarsObject final : public HostCollection<HostToolbars, HostToolbar, Toolbar> {
+class ToolbarsObject final : public HostCollection<HostToolbars, HostToolbar, Toolbar, ToolbarName> {
 public:
     ToolbarsObject(const CorePtr& core, std::shared_ptr<MenuGroup> group)
         : HostCollection(core, {members::HostToolbars::get_Count, members::HostToolbars::Item,
-                                members::HostToolbars::_NewEnum, kToolbarPosition, L"toolbar",
-                                namedBy(&Toolbar::name)}),
+                                members::HostToolbars::_NewEnum, kToolbarPosition, L"toolbar"}),
           m_group(std::move(group))
     {
     }
@@ -21,6 +20,7 @@ public:
 protected:
     const char* interfaceName() const override { return "HostToolbars"; }
     const Nodes& nodes() const override { return m_group->toolbars; }
+    std::shared_ptr<const void> nodesOwner() const override { return m_group; }
     HostToolbar* newObjectFor(const std::shared_ptr<Toolbar>& toolbar) override
     {
         return newToolbar(sharedCore(), ToolbarPlace{m_group, toolbar});
@@ -30,12 +30,11 @@ private:
     std::shared_ptr<MenuGroup> m_group;
 };
 
-class ToolbarObject final : public HostCollection<HostToolbar, HostToolbarItem, ToolbarButton> {
+class ToolbarObject final : public HostCollection<HostToolbar, HostToolbarItem, ToolbarButton, ButtonName> {
 public:
     ToolbarObject(const CorePtr& core, ToolbarPlace place)
         : HostCollection(core, {members::HostToolbar::get_Count, members::HostToolbar::Item,
-                                members::HostToolbar::_NewEnum, kToolbarPosition, L"toolbar button",
-                                namedBy(&ToolbarButton::name)}),
+                                members::HostToolbar::_NewEnum, kToolbarPosition, L"toolbar button"}),
           m_place(std::move(place))
     {
     }
@@ -144,12 +143,14 @@ public:
         added->macro = text::fromBstr(macro);
         buttons.insert(buttons.begin() + static_cast<std::ptrdiff_t>(at), added);
         core().seats.remember(buttons, at);
+        core().names.added(core().seats, buttons, at);
         return call.giveObject(button, [&] { return newToolbarItem(sharedCore(), m_place, added); });
     }
 
 protected:
     const char* interfaceName() const override { return "HostToolbar"; }
     const Nodes& nodes() const override { return toolbar().buttons; }
+    std::shared_ptr<const void> nodesOwner() const override { return m_place.toolbar; }
     HostToolbarItem* newObjectFor(const std::shared_ptr<ToolbarButton>& button) override
     {
         return newToolbarItem(sharedCore(), m_place, button);
