@@ -1,59 +1,12 @@
 #include "text.h"
 
-#include <cstdint>
+#include "automation/utf8.h"
 
 namespace typelib_import {
-namespace {
-
-void appendUtf8(std::string& out, std::uint32_t code)
-{
-    if (code < 0x80) {
-        out += static_cast<char>(code);
-    }
-    else if (code < 0x800) {
-        out += static_cast<char>(0xC0 | (code >> 6));
-        out += static_cast<char>(0x80 | (code & 0x3F));
-    }
-    else if (code < 0x10000) {
-        out += static_cast<char>(0xE0 | (code >> 12));
-        out += static_cast<char>(0x80 | ((code >> 6) & 0x3F));
-        out += static_cast<char>(0x80 | (code & 0x3F));
-    }
-    else {
-        out += static_cast<char>(0xF0 | (code >> 18));
-        out += static_cast<char>(0x80 | ((code >> 12) & 0x3F));
-        out += static_cast<char>(0x80 | ((code >> 6) & 0x3F));
-        out += static_cast<char>(0x80 | (code & 0x3F));
-    }
-}
-
-bool isHighSurrogate(std::uint32_t unit)
-{
-    return unit >= 0xD800 && unit <= 0xDBFF;
-}
-bool isLowSurrogate(std::uint32_t unit)
-{
-    return unit >= 0xDC00 && unit <= 0xDFFF;
-}
-
-}  // namespace
 
 std::string utf8(const wchar_t* text)
 {
-    constexpr std::uint32_t replacement = 0xFFFD;
-    std::string out;
-    for (const wchar_t* at = text; at && *at; ++at) {
-        std::uint32_t code = static_cast<std::uint32_t>(*at);
-        if (isHighSurrogate(code) && isLowSurrogate(static_cast<std::uint32_t>(at[1]))) {
-            code = 0x10000 + ((code - 0xD800) << 10) + (static_cast<std::uint32_t>(at[1]) - 0xDC00);
-            ++at;
-        }
-        else if (isHighSurrogate(code) || isLowSurrogate(code) || code > 0x10FFFF) {
-            code = replacement;
-        }
-        appendUtf8(out, code);
-    }
-    return out;
+    return text ? automation_text::toUtf8(text) : std::string();
 }
 
 std::string hex(unsigned long value, int digits)
