@@ -6,10 +6,10 @@
 #pragma once
 
 #include "calls/arguments_in.h"
+#include "model/namings.h"
 #include "objects/enumeration.h"
 #include "objects/host_object.h"
 #include "objects/places.h"
-#include "model/namings.h"
 
 #include <memory>
 #include <vector>
