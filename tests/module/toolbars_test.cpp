@@ -113,6 +113,12 @@ TEST_F(Toolbars, ToolbarsAreKnownByTagAndOnlyExactYesNoValuesCount)
     EXPECT_FALSE(ZORBAppUtilities::isToolbarVisible(MxtString(L"NOPE"), MxtString(L"TB_MX_MAIN")));
     EXPECT_TRUE(showHide(false, L"NOPE", L"TB_MX_MAIN"));
     EXPECT_EQ(left, -1);
+    // A host that gives no collection of groups has no group to find: the same answers, no failure.
+    armFault(withheldObject("HostApplication.get_MenuGroups"));
+    EXPECT_FALSE(ZORBAppUtilities::isToolbarVisible(MxtString(L"MX"), MxtString(L"TB_MX_MAIN")));
+    EXPECT_TRUE(showHide(false, L"MX", L"TB_MX_MAIN"));
+    EXPECT_TRUE(toolbar(0).visible);
+    host().clearFaults();
 
     // A visibility of 1 is neither shown (-1) nor hidden (0): both directions leave it alone.
     armFault(answering("HostToolbar.get_Visible", rawNumber(1)));
