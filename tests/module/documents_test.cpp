@@ -11,7 +11,9 @@
 #include <gmock/gmock.h>
 
 using namespace module_testing;
+using ::testing::Contains;
 using ::testing::ElementsAre;
+using ::testing::Not;
 
 namespace {
 
@@ -89,6 +91,12 @@ TEST_F(Documents, AnOpenDrawingIsFoundIgnoringCaseAndNotOpenedAgain)
     EXPECT_TRUE(drawingCheckWrites().empty());
     EXPECT_EQ(hostCalls().back(), "HostDocument.Activate");
     EXPECT_EQ(typedHostCalls()[4], "HostDocuments.Item(VT_INT)");
+
+    // Not asked to activate, neither a drawing found open nor one it opens is activated.
+    host().journal().clear();
+    EXPECT_TRUE(ZORBAppUtilities::openAndActivateDocument(MxtString(upper.c_str()), false));
+    EXPECT_TRUE(ZORBAppUtilities::openAndActivateDocument(MxtString(kOnDisk.c_str()), false));
+    EXPECT_THAT(hostCalls(), Not(Contains("HostDocument.Activate")));
 }
 
 // The host would stop an unattended open to check this drawing unless DWGCHECK is 0 at the moment
