@@ -33,6 +33,14 @@ protected:
 
     short drawingCheck() { return state().systemVariables.at(L"DWGCHECK"); }
 
+    // The (at most) `count` host calls that follow the last call of `method`.
+    std::vector<std::string> after(const std::string& method, size_t count)
+    {
+        const std::vector<std::string> calls = hostCalls();
+        const auto at = std::find(calls.rbegin(), calls.rend(), method).base();
+        return std::vector<std::string>(at, at + std::min<std::ptrdiff_t>(count, calls.end() - at));
+    }
+
     // The values "DWGCHECK" was set to, in order.
     std::vector<std::string> drawingCheckWrites()
     {
@@ -145,11 +153,6 @@ TEST_F(Documents, AnotherSeparatorGoesThroughTheHostsOpenAndAnUnfoundSecondSearc
 TEST_F(Documents, ObjectsAreLetGoInTheirOrder)
 {
     host().journal().setRecordingReleases(true);
-    const auto after = [this](const std::string& method, size_t count) {
-        const std::vector<std::string> calls = hostCalls();
-        const auto at = std::find(calls.rbegin(), calls.rend(), method).base();
-        return std::vector<std::string>(at, at + std::min<std::ptrdiff_t>(count, calls.end() - at));
-    };
 
     state().systemVariables[L"DWGCHECK"] = 2;
     host().journal().clear();
@@ -188,9 +191,10 @@ TEST_F(Documents, APlotWindowGoesToTheActiveLayoutInTheParameterOrderGiven)
     EXPECT_EQ((std::vector<double>{job.window->lowerLeftX, job.window->lowerLeftY, job.window->upperRightX,
                                    job.window->upperRightY}),
               (std::vector<double>{0, 0, 10, 5}));
-    EXPECT_THAT(hostCalls(), ::testing::IsSupersetOf({"HostLayout.SetWindowToPlot", "HostLayout.put_PlotType",
-                                                      "HostPlot.put_NumberOfCopies", "HostPlot.put_QuietErrorMode",
-                                                      "HostPlot.StartBatchMode", "HostPlot.SetLayoutsToPlot"}));
+    // The window before the type, and the plot's settings in the order the host has always had them.
+    EXPECT_THAT(after("HostLayout.SetWindowToPlot", 6),
+                ElementsAre("HostLayout.put_PlotType", "HostPlot.put_NumberOfCopies", "HostPlot.put_QuietErrorMode",
+                            "HostPlot.StartBatchMode", "HostPlot.SetLayoutsToPlot", "HostPlot.PlotToDevice"));
     EXPECT_EQ(typedHostCalls().back(), "HostPlot.PlotToDevice(VT_BSTR)");
 }
 
@@ -207,6 +211,21 @@ TEST_F(Documents, AnEmptyDeviceIsTheMissingArgumentAndOnlyMinusOneIsSuccess)
     EXPECT_FALSE(ZORBAppUtilities::plotLayout(MxtString(L""), MxtString(L"Layout1"), ZbDbPlotSettings::PlotType(1),
                                               0, 0, 0, 0, message));
     EXPECT_EQ(text(message), L"untouched");
+}
+
+// No drawing or no plot object ends the plot quietly: false, and the caller's message as it was.
+TEST_F(Documents, AWithheldDrawingOrPlotGivesFalseWithoutAMessage)
+{
+    for (const char* withheld : {"HostApplication.get_ActiveDocument", "HostDocument.get_Plot"}) {
+        SCOPED_TRACE(withheld);
+        clearFaults();
+        armFault(withheldObject(withheld));
+        MxtString message(L"untouched");
+        EXPECT_FALSE(ZORBAppUtilities::plotLayout(MxtString(L""), MxtString(L"Layout1"), ZbDbPlotSettings::kWindow,
+                                                  0, 1, 0, 1, message));
+        EXPECT_EQ(text(message), L"untouched");
+        EXPECT_TRUE(state().plotJobs.empty());
+    }
 }
 
 TEST_F(Documents, WithoutAnActiveLayoutThePlotGoesAheadWithoutAWindow)
