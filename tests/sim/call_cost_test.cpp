@@ -226,6 +226,17 @@ const Walk kWalks[] = {
              menu->RemoveFromMenuBar();
          }
      }},
+    // Every group unloaded, each taking its menu off a menu bar of the others' menus.
+    {"unloads_off_a_menu_bar_of_many_groups",
+     [](HostSizes& sizes, int n) {
+         sizes.menuGroups = n;
+         sizes.groupMenusOnMenuBar = true;
+     },
+     [](int n) {
+         HostMenuGroupsPtr groups = application()->GetMenuGroups();
+         for (int i = n - 1; i >= 0; --i)
+             groups->Item(indexOf(VT_I4, i))->Unload();
+     }},
     // By file name and by the full path found, as the host's SDK is asked.
     {"search_path_files", [](HostSizes& sizes, int n) { sizes.searchPathFiles = n; },
      [](int) {
@@ -235,6 +246,16 @@ const Walk kWalks[] = {
                  ASSERT_EQ(zbedFindFile(asked->c_str(), found), kZbNormal);
                  zbHeapFree(found.buffer);
              }
+     },
+     1},
+    // Each variable read and set by its name, as the host's SDK is asked.
+    {"system_variables", [](HostSizes& sizes, int n) { sizes.systemVariables = n; },
+     [](int) {
+         for (const auto& [name, value] : unchanged().systemVariables) {
+             resbuf buffer{};
+             ASSERT_EQ(zbedGetVar(name.c_str(), &buffer), kZbNormal);
+             ASSERT_EQ(zbedSetVar(name.c_str(), &buffer), kZbNormal);
+         }
      },
      1},
 };

@@ -136,6 +136,8 @@ sim::HostState sizedHost(const HostSizes& sizes)
     state.searchPathFiles.clear();
     for (const std::wstring& file : endingWith(sizes.searchPathFiles, L"file", hatchFile))
         state.searchPathFiles[file] = L"C:\\Zorb\\Support\\" + file;
+    for (int number = 1; number <= sizes.systemVariables; ++number)
+        state.systemVariables[numbered(L"VARIABLE", number)] = 0;
     return state;
 }
 

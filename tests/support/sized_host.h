@@ -18,6 +18,7 @@ struct HostSizes {
     int menuBarMenus = 1;     // on the menu bar, menus of no group: "PM_BAR1" ..., then kSoughtBarMenuTag
     int pathFolders = 1;      // of the support path and of the printer style sheet path
     int searchPathFiles = 1;  // on the host's search path, the hatch pattern file among them
+    int systemVariables = 0;  // besides the host's own: "VARIABLE1" ..., each 0
     // Each filler group holds one menu "PM_GROUP1" ..., and those stand on the menu bar before the
     // menus of no group, as when every group put its menu there.
     bool groupMenusOnMenuBar = false;

@@ -4,18 +4,10 @@
 #include "objects/objects.h"
 
 #include <algorithm>
-#include <unordered_set>
+#include <vector>
 
 namespace sim::detail {
 namespace {
-
-std::unordered_set<const PopupMenu*> menusOf(const MenuGroup& group)
-{
-    std::unordered_set<const PopupMenu*> menus;
-    for (const auto& menu : group.menus)
-        menus.insert(menu.get());
-    return menus;
-}
 
 class MenuGroupsObject final : public HostCollection<HostMenuGroups, HostMenuGroup, MenuGroup, GroupName> {
 public:
@@ -111,12 +103,19 @@ public:
         Call call = begin(members::HostMenuGroup::Unload);
         if (call.refused())
             return call.status();
-        const std::unordered_set<const PopupMenu*> menus = menusOf(*m_group);
+        // Each of the group's menus on the bar is found where it stands, and they go from the last
+        // back, so that taking one off moves none of those still to go: the bar is never searched.
         auto& bar = state().menuBar;
-        for (const PopupMenu* menu : menus)
+        std::vector<long> places;
+        for (const auto& menu : m_group->menus)
+            if (core().names.holds<MenuName>(core().seats, bar, nullptr, menu.get()))
+                places.push_back(core().seats.find(bar, menu.get()));
+        std::sort(places.rbegin(), places.rend());
+        for (const long place : places) {
+            const PopupMenu* menu = bar[static_cast<size_t>(place)].get();
             core().names.removed(bar, menu);
-        bar.erase(std::remove_if(bar.begin(), bar.end(), [&](const auto& menu) { return menus.count(menu.get()); }),
-                  bar.end());
+            core().seats.remove(bar, menu);
+        }
         core().names.removed(state().menuGroups, m_group.get());
         core().seats.remove(state().menuGroups, m_group.get());
         core().menuOwners.unloaded(*m_group);
