@@ -1,23 +1,7 @@
 #include "DWGPropsXWrap.h"
 
-namespace {
-
-// A date-time that holds nothing: the value 0.0 with a valid status, set field by field so that
-// it does not depend on what the date-time class's own default is.
-void clear(ATL::COleDateTime& dateTime)
-{
-    dateTime.m_dt = 0.0;
-    dateTime.m_status = ATL::COleDateTime::valid;
-}
-
-}  // namespace
-
-DWGPropsXWrap::DWGPropsXWrap()
-{
-    clear(m_editTime);
-    clear(m_created);
-    clear(m_updated);
-}
+// The date-times' own default is 0.0 with a valid status: cleared, as a new holder's should be.
+DWGPropsXWrap::DWGPropsXWrap() = default;
 
 // Member by member in declaration order: the named strings, the custom strings by index, then
 // the date-times bit for bit.
