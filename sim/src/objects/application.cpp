@@ -14,43 +14,32 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_Preferences(HostPreferences** preferences) override
     {
-        Call call = begin(members::HostApplication::get_Preferences);
-        if (!call.accepts(preferences))
-            return call.status();
-        return call.giveObject(preferences, [&] { return newPreferences(sharedCore()); });
+        return give(members::HostApplication::get_Preferences, preferences,
+                    [&] { return newPreferences(sharedCore()); });
     }
 
     HRESULT STDMETHODCALLTYPE get_MenuGroups(HostMenuGroups** groups) override
     {
-        Call call = begin(members::HostApplication::get_MenuGroups);
-        if (!call.accepts(groups))
-            return call.status();
-        return call.giveObject(groups, [&] { return newMenuGroups(sharedCore()); });
+        return give(members::HostApplication::get_MenuGroups, groups,
+                    [&] { return newMenuGroups(sharedCore()); });
     }
 
     HRESULT STDMETHODCALLTYPE get_MenuBar(HostMenuBar** menuBar) override
     {
-        Call call = begin(members::HostApplication::get_MenuBar);
-        if (!call.accepts(menuBar))
-            return call.status();
-        return call.giveObject(menuBar, [&] { return newMenuBar(sharedCore()); });
+        return give(members::HostApplication::get_MenuBar, menuBar, [&] { return newMenuBar(sharedCore()); });
     }
 
     // No drawing open: no active document, which is not a failure.
     HRESULT STDMETHODCALLTYPE get_ActiveDocument(HostDocument** document) override
     {
-        Call call = begin(members::HostApplication::get_ActiveDocument);
-        if (!call.accepts(document))
-            return call.status();
-        return call.giveObject(document, [&] { return newDocument(sharedCore(), state().activeDocument); });
+        return give(members::HostApplication::get_ActiveDocument, document,
+                    [&] { return newDocument(sharedCore(), state().activeDocument); });
     }
 
     HRESULT STDMETHODCALLTYPE get_Documents(HostDocuments** documents) override
     {
-        Call call = begin(members::HostApplication::get_Documents);
-        if (!call.accepts(documents))
-            return call.status();
-        return call.giveObject(documents, [&] { return newDocuments(sharedCore()); });
+        return give(members::HostApplication::get_Documents, documents,
+                    [&] { return newDocuments(sharedCore()); });
     }
 
     HRESULT STDMETHODCALLTYPE raw_ZoomWindow(VARIANT lowerLeft, VARIANT upperRight) override

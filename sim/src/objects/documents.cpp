@@ -118,10 +118,8 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_FullFileName(BSTR* fullName) override
     {
-        Call call = begin(members::HostDocument::get_FullFileName);
-        if (!call.accepts(fullName))
-            return call.status();
-        return call.giveText(fullName, m_document->fullFileName);
+        return give(members::HostDocument::get_FullFileName, fullName,
+                    [&] { return m_document->fullFileName; });
     }
 
     HRESULT STDMETHODCALLTYPE raw_Activate() override
@@ -161,19 +159,13 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_Plot(HostPlot** plot) override
     {
-        Call call = begin(members::HostDocument::get_Plot);
-        if (!call.accepts(plot))
-            return call.status();
-        return call.giveObject(plot, [&] { return newPlot(sharedCore(), m_document); });
+        return give(members::HostDocument::get_Plot, plot, [&] { return newPlot(sharedCore(), m_document); });
     }
 
     HRESULT STDMETHODCALLTYPE get_ActiveLayout(HostLayout** layout) override
     {
-        Call call = begin(members::HostDocument::get_ActiveLayout);
-        if (!call.accepts(layout))
-            return call.status();
-        return call.giveObject(layout,
-                               [&] { return newLayout(sharedCore(), m_document, m_document->activeLayout); });
+        return give(members::HostDocument::get_ActiveLayout, layout,
+                    [&] { return newLayout(sharedCore(), m_document, m_document->activeLayout); });
     }
 
 protected:

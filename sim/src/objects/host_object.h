@@ -64,6 +64,23 @@ protected:
         return Call(core(), *this, method.name, arguments, whenGone);
     }
 
+    // A property read that does nothing but give its result once the call accepts `output`: the
+    // text or value `value()` makes, or the object it makes (none when a fault withholds one).
+    template <class Output, class Value>
+    HRESULT give(const members::Member& method, Output* output, Value value,
+                 Call::WhenGone whenGone = Call::WhenGone::fails)
+    {
+        Call call = begin(method, {}, whenGone);
+        if (!call.accepts(output))
+            return call.status();
+        if constexpr (std::is_same_v<Output, BSTR>)
+            return call.giveText(output, value());
+        else if constexpr (std::is_pointer_v<Output>)
+            return call.giveObject(output, value);
+        else
+            return call.giveValue(output, static_cast<Output>(value()));
+    }
+
 private:
     friend automation::ComObject<HostObject, DispatchedByName<Interface>, ISupportErrorInfo>;  // deletes it
 

@@ -75,26 +75,20 @@ public:
     HRESULT STDMETHODCALLTYPE get_Name(BSTR* name) override
     {
         // An unloaded group still tells its name; everything else it is asked fails.
-        Call call = begin(members::HostMenuGroup::get_Name, {}, Call::WhenGone::answers);
-        if (!call.accepts(name))
-            return call.status();
-        return call.giveText(name, m_group->name);
+        return give(
+            members::HostMenuGroup::get_Name, name, [&] { return m_group->name; }, Call::WhenGone::answers);
     }
 
     HRESULT STDMETHODCALLTYPE get_Menus(HostPopupMenus** menus) override
     {
-        Call call = begin(members::HostMenuGroup::get_Menus);
-        if (!call.accepts(menus))
-            return call.status();
-        return call.giveObject(menus, [&] { return newPopupMenus(sharedCore(), m_group); });
+        return give(members::HostMenuGroup::get_Menus, menus,
+                    [&] { return newPopupMenus(sharedCore(), m_group); });
     }
 
     HRESULT STDMETHODCALLTYPE get_Toolbars(HostToolbars** toolbars) override
     {
-        Call call = begin(members::HostMenuGroup::get_Toolbars);
-        if (!call.accepts(toolbars))
-            return call.status();
-        return call.giveObject(toolbars, [&] { return newToolbars(sharedCore(), m_group); });
+        return give(members::HostMenuGroup::get_Toolbars, toolbars,
+                    [&] { return newToolbars(sharedCore(), m_group); });
     }
 
     // The group's menus leave the menu bar with it.

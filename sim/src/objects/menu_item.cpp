@@ -18,10 +18,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_Label(BSTR* label) override
     {
-        Call call = begin(members::HostPopupMenuItem::get_Label);
-        if (!call.accepts(label))
-            return call.status();
-        return call.giveText(label, m_item->label);
+        return give(members::HostPopupMenuItem::get_Label, label, [&] { return m_item->label; });
     }
 
     // A submenu item's label is its submenu's name.
@@ -43,18 +40,13 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_Macro(BSTR* macro) override
     {
-        Call call = begin(members::HostPopupMenuItem::get_Macro);
-        if (!call.accepts(macro))
-            return call.status();
-        return call.giveText(macro, m_item->macro);
+        return give(members::HostPopupMenuItem::get_Macro, macro, [&] { return m_item->macro; });
     }
 
     HRESULT STDMETHODCALLTYPE get_Type(LONG* type) override
     {
-        Call call = begin(members::HostPopupMenuItem::get_Type);
-        if (!call.accepts(type))
-            return call.status();
-        return call.giveValue(type, static_cast<LONG>(m_item->type));
+        return give(members::HostPopupMenuItem::get_Type, type,
+                    [&] { return static_cast<LONG>(m_item->type); });
     }
 
     HRESULT STDMETHODCALLTYPE get_SubMenu(HostPopupMenu** subMenu) override
@@ -69,10 +61,8 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_Enabled(VARIANT_BOOL* enabled) override
     {
-        Call call = begin(members::HostPopupMenuItem::get_Enabled);
-        if (!call.accepts(enabled))
-            return call.status();
-        return call.giveValue(enabled, m_item->enabled ? VARIANT_TRUE : VARIANT_FALSE);
+        return give(members::HostPopupMenuItem::get_Enabled, enabled,
+                    [&] { return m_item->enabled ? VARIANT_TRUE : VARIANT_FALSE; });
     }
 
     HRESULT STDMETHODCALLTYPE put_Enabled(VARIANT_BOOL enabled) override

@@ -26,10 +26,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_Name(BSTR* name) override
     {
-        Call call = begin(members::HostLayout::get_Name);
-        if (!call.accepts(name))
-            return call.status();
-        return call.giveText(name, m_layout->name);
+        return give(members::HostLayout::get_Name, name, [&] { return m_layout->name; });
     }
 
     HRESULT STDMETHODCALLTYPE raw_SetWindowToPlot(VARIANT lowerLeft, VARIANT upperRight) override
@@ -48,10 +45,8 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_PlotType(ZbPlotType* plotType) override
     {
-        Call call = begin(members::HostLayout::get_PlotType);
-        if (!call.accepts(plotType))
-            return call.status();
-        return call.giveValue(plotType, static_cast<ZbPlotType>(m_layout->plotType));
+        return give(members::HostLayout::get_PlotType, plotType,
+                    [&] { return static_cast<ZbPlotType>(m_layout->plotType); });
     }
 
     HRESULT STDMETHODCALLTYPE put_PlotType(ZbPlotType plotType) override

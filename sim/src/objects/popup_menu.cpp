@@ -20,10 +20,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_Name(BSTR* name) override
     {
-        Call call = begin(members::HostPopupMenu::get_Name);
-        if (!call.accepts(name))
-            return call.status();
-        return call.giveText(name, m_place.menu->name);
+        return give(members::HostPopupMenu::get_Name, name, [&] { return m_place.menu->name; });
     }
 
     // A submenu's name is the label of the item that leads to it.
@@ -43,18 +40,13 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_TagString(BSTR* tag) override
     {
-        Call call = begin(members::HostPopupMenu::get_TagString);
-        if (!call.accepts(tag))
-            return call.status();
-        return call.giveText(tag, m_place.menu->tag);
+        return give(members::HostPopupMenu::get_TagString, tag, [&] { return m_place.menu->tag; });
     }
 
     HRESULT STDMETHODCALLTYPE get_OnMenuBar(VARIANT_BOOL* onMenuBar) override
     {
-        Call call = begin(members::HostPopupMenu::get_OnMenuBar);
-        if (!call.accepts(onMenuBar))
-            return call.status();
-        return call.giveValue(onMenuBar, isOnMenuBar() ? VARIANT_TRUE : VARIANT_FALSE);
+        return give(members::HostPopupMenu::get_OnMenuBar, onMenuBar,
+                    [&] { return isOnMenuBar() ? VARIANT_TRUE : VARIANT_FALSE; });
     }
 
     HRESULT STDMETHODCALLTYPE raw_AddMenuItem(VARIANT index, BSTR label, BSTR macro,

@@ -13,10 +13,8 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_Files(HostPreferencesFiles** files) override
     {
-        Call call = begin(members::HostPreferences::get_Files);
-        if (!call.accepts(files))
-            return call.status();
-        return call.giveObject(files, [&] { return newPreferencesFiles(sharedCore()); });
+        return give(members::HostPreferences::get_Files, files,
+                    [&] { return newPreferencesFiles(sharedCore()); });
     }
 
 protected:
@@ -74,10 +72,7 @@ private:
 
     HRESULT read(const members::Member& method, Location location, BSTR* path)
     {
-        Call call = begin(method);
-        if (!call.accepts(path))
-            return call.status();
-        return call.giveText(path, state().preferences.*location);
+        return give(method, path, [&] { return state().preferences.*location; });
     }
 
     HRESULT write(const members::Member& method, Location location, BSTR path)

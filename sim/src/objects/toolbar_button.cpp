@@ -17,18 +17,12 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_Name(BSTR* name) override
     {
-        Call call = begin(members::HostToolbarItem::get_Name);
-        if (!call.accepts(name))
-            return call.status();
-        return call.giveText(name, m_button->name);
+        return give(members::HostToolbarItem::get_Name, name, [&] { return m_button->name; });
     }
 
     HRESULT STDMETHODCALLTYPE get_TagString(BSTR* tag) override
     {
-        Call call = begin(members::HostToolbarItem::get_TagString);
-        if (!call.accepts(tag))
-            return call.status();
-        return call.giveText(tag, m_button->tag);
+        return give(members::HostToolbarItem::get_TagString, tag, [&] { return m_button->tag; });
     }
 
     HRESULT STDMETHODCALLTYPE put_TagString(BSTR tag) override
@@ -42,11 +36,9 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_Index(LONG* index) override
     {
-        Call call = begin(members::HostToolbarItem::get_Index);
-        if (!call.accepts(index))
-            return call.status();
-        return call.giveValue(index,
-                              static_cast<LONG>(core().seats.find(m_toolbar.toolbar->buttons, m_button.get())));
+        return give(members::HostToolbarItem::get_Index, index, [&] {
+            return static_cast<LONG>(core().seats.find(m_toolbar.toolbar->buttons, m_button.get()));
+        });
     }
 
     HRESULT STDMETHODCALLTYPE raw_SetBitmaps(BSTR smallBitmap, BSTR largeBitmap) override

@@ -44,26 +44,18 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_Name(BSTR* name) override
     {
-        Call call = begin(members::HostToolbar::get_Name);
-        if (!call.accepts(name))
-            return call.status();
-        return call.giveText(name, toolbar().name);
+        return give(members::HostToolbar::get_Name, name, [&] { return toolbar().name; });
     }
 
     HRESULT STDMETHODCALLTYPE get_TagString(BSTR* tag) override
     {
-        Call call = begin(members::HostToolbar::get_TagString);
-        if (!call.accepts(tag))
-            return call.status();
-        return call.giveText(tag, toolbar().tag);
+        return give(members::HostToolbar::get_TagString, tag, [&] { return toolbar().tag; });
     }
 
     HRESULT STDMETHODCALLTYPE get_Visible(VARIANT_BOOL* visible) override
     {
-        Call call = begin(members::HostToolbar::get_Visible);
-        if (!call.accepts(visible))
-            return call.status();
-        return call.giveValue(visible, toolbar().visible ? VARIANT_TRUE : VARIANT_FALSE);
+        return give(members::HostToolbar::get_Visible, visible,
+                    [&] { return toolbar().visible ? VARIANT_TRUE : VARIANT_FALSE; });
     }
 
     HRESULT STDMETHODCALLTYPE put_Visible(VARIANT_BOOL visible) override
@@ -161,10 +153,7 @@ private:
 
     HRESULT readPlacement(const members::Member& method, long Toolbar::*field, LONG* value)
     {
-        Call call = begin(method);
-        if (!call.accepts(value))
-            return call.status();
-        return call.giveValue(value, static_cast<LONG>(toolbar().*field));
+        return give(method, value, [&] { return static_cast<LONG>(toolbar().*field); });
     }
 
     ToolbarPlace m_place;
