@@ -4,8 +4,12 @@
 #include "menu_host.h"
 
 #include "support/automation_failure.h"
+#include "support/faults.h"
 
 #include <gmock/gmock.h>
+
+#include <functional>
+#include <vector>
 
 using namespace module_testing;
 using ::testing::ElementsAre;
@@ -87,6 +91,19 @@ TEST_F(MenuBar, UnknownGroupsAndGroupsWithoutMenusChangeNothingAndRaiseNothing)
     ZORBAppUtilities::addMenuToMenuBar(MxtString(L"MX"), items({{0, L"&A", L"_a"}}), 0);
     ZORBAppUtilities::removeMenuFromMenuBar(MxtString(L"MX"));
     EXPECT_TRUE(state() == before);
+}
+
+// Without the application no group is looked for: the host is asked for the application once.
+TEST_F(MenuBar, WithoutTheApplicationNothingElseIsAsked)
+{
+    armFault(faultOfKind(sim::FaultKind::noDispatch));
+    for (const auto& operation : std::vector<std::function<void()>>{
+             [&] { ZORBAppUtilities::addMenuToMenuBar(MxtString(L"MX"), items({{0, L"&A", L"_a"}}), 0); },
+             [] { ZORBAppUtilities::removeMenuFromMenuBar(MxtString(L"MX")); }}) {
+        clearHostCalls();
+        operation();
+        EXPECT_THAT(hostCalls(), ElementsAre("sdk.zbedGetZorbWinApp", "CWinApp.GetIDispatch"));
+    }
 }
 
 // Adding inserts unless the flag is exactly all bits set; removing removes when any bit is set.
