@@ -134,7 +134,8 @@ JournalArgument Arg::describe() const
     case Kind::automationText:
         return {VT_BSTR, text::toUtf8(text::fromBstr(const_cast<BSTR>(m_text))), m_text == nullptr};
     case Kind::sdkText:
-        return {VT_LPWSTR, m_text ? text::toUtf8(std::wstring_view(m_text, std::wcslen(m_text))) : std::string(),
+        return {VT_LPWSTR,
+                m_text ? text::toUtf8(std::wstring_view(m_text, std::wcslen(m_text))) : std::string(),
                 m_text == nullptr};
     case Kind::flag:
         return {VT_BOOL, describeBoolean(static_cast<VARIANT_BOOL>(m_number))};

@@ -192,7 +192,8 @@ bool readPoint(Call& call, const VARIANT& crossed, const std::wstring& which, do
     const VARIANT& given = *passed;
     auto coordinates = contentsOf<double>(given, VT_R8);
     if (!coordinates && !strict(call))
-        coordinates = convertedContentsOf<double>(given, VT_R8, [](const VARIANT& number) { return V_R8(&number); });
+        coordinates =
+            convertedContentsOf<double>(given, VT_R8, [](const VARIANT& number) { return V_R8(&number); });
     if (!coordinates) {
         call.fail(DISP_E_TYPEMISMATCH, L"the " + which +
                                            L" is a one-dimensional array of doubles (VT_ARRAY|VT_R8), not " +
@@ -288,7 +289,8 @@ bool readText(Call& call, const VARIANT& crossed, const std::wstring& what, std:
     return true;
 }
 
-bool readTexts(Call& call, const VARIANT& crossed, const std::wstring& what, std::vector<std::wstring>& values)
+bool readTexts(Call& call, const VARIANT& crossed, const std::wstring& what,
+               std::vector<std::wstring>& values)
 {
     const Passed passed(call, crossed);
     const VARIANT& given = *passed;
@@ -300,8 +302,8 @@ bool readTexts(Call& call, const VARIANT& crossed, const std::wstring& what, std
             texts->elements.push_back(text::fromBstr(element));
     }
     else if (!strict(call)) {
-        texts = convertedContentsOf<std::wstring>(given, VT_BSTR,
-                                                  [](const VARIANT& text) { return text::fromBstr(V_BSTR(&text)); });
+        texts = convertedContentsOf<std::wstring>(
+            given, VT_BSTR, [](const VARIANT& text) { return text::fromBstr(V_BSTR(&text)); });
     }
     if (!texts) {
         call.fail(DISP_E_TYPEMISMATCH, L"the " + what +

@@ -6,8 +6,8 @@
 
 namespace sim::detail {
 
-Call::Call(HostCore& core, const CallSubject& subject, const char* method, std::initializer_list<Arg> arguments,
-           WhenGone whenGone)
+Call::Call(HostCore& core, const CallSubject& subject, const char* method,
+           std::initializer_list<Arg> arguments, WhenGone whenGone)
     : m_core(core), m_subject(subject), m_outerCall(std::exchange(core.callUnderWay, method))
 {
     // Taken by this call alone: calls the host makes while serving it are not the caller's.

@@ -23,7 +23,8 @@ void FrameworkApp::releaseCallerReferences(long count)
 {
     // Only the callers' references may go: the framework object's own keeps the application alive.
     if (count < 0 || count > callerReferences())
-        throw std::logic_error("the callers hold fewer references on the host application than asked to release");
+        throw std::logic_error(
+            "the callers hold fewer references on the host application than asked to release");
     for (long reference = 0; reference < count; ++reference)
         m_application->Release();
 }

@@ -27,7 +27,8 @@ public:
                 report("a NUL character is not allowed in the input");
             else if (c == '"')
                 string();
-            else if (c == '/' && m_at + 1 < m_text.size() && (m_text[m_at + 1] == '/' || m_text[m_at + 1] == '*'))
+            else if (c == '/' && m_at + 1 < m_text.size() &&
+                     (m_text[m_at + 1] == '/' || m_text[m_at + 1] == '*'))
                 comment();
             else if (c == '-' || (c >= '0' && c <= '9'))
                 number();

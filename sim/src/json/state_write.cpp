@@ -131,8 +131,9 @@ json menuBarOf(const HostState& state)
         }
         else {
             const auto& name = state.menuGroups[place->second.group]->name;
-            menuBar.push_back({{"menuGroup", groups.count(name) == 1 ? textOf(name) : json(place->second.group)},
-                               {"menu", place->second.menu}});
+            menuBar.push_back(
+                {{"menuGroup", groups.count(name) == 1 ? textOf(name) : json(place->second.group)},
+                 {"menu", place->second.menu}});
         }
     }
     return menuBar;

@@ -43,7 +43,8 @@ std::string parseMessage(const nlohmann::json::parse_error& error)
     return colon == std::string::npos ? message : message.substr(colon + 2);
 }
 
-[[noreturn]] void failAt(const std::string& text, size_t offset, const std::string& source, const std::string& message)
+[[noreturn]] void failAt(const std::string& text, size_t offset, const std::string& source,
+                         const std::string& message)
 {
     const auto [line, column] = lineAndColumn(text, offset);
     throw StateError(source + ":" + std::to_string(line) + ":" + std::to_string(column) + ": " + message);

@@ -20,7 +20,8 @@ template <class Nodes, class Copy> Nodes copyNodes(const Nodes& nodes, Copy copy
 
 // The copy of `node`: the copy at its position when it is one of `nodes`, else a copy of its own.
 template <class Node, class Copy>
-std::shared_ptr<Node> copyMember(const std::vector<std::shared_ptr<Node>>& nodes, const std::shared_ptr<Node>& node,
+std::shared_ptr<Node> copyMember(const std::vector<std::shared_ptr<Node>>& nodes,
+                                 const std::shared_ptr<Node>& node,
                                  const std::vector<std::shared_ptr<Node>>& copies, Copy copy)
 {
     if (!node)

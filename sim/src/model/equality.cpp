@@ -16,7 +16,8 @@ template <class Node> bool sameNode(const std::shared_ptr<Node>& a, const std::s
 
 template <class Nodes> bool sameNodes(const Nodes& a, const Nodes& b)
 {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(), sameNode<typename Nodes::value_type::element_type>);
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      sameNode<typename Nodes::value_type::element_type>);
 }
 
 template <class Node> long positionOf(const std::vector<std::shared_ptr<Node>>& nodes, const Node* node)

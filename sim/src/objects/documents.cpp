@@ -21,7 +21,8 @@ short drawingCheckInForce(const HostState& state)
 
 // Why the host does not open a drawing on disk: it would stop to check it, or the password given is
 // not the drawing's; S_OK when it opens.
-HRESULT refusal(const HostState& state, const std::wstring& file, short drawingCheck, const std::wstring& password)
+HRESULT refusal(const HostState& state, const std::wstring& file, short drawingCheck,
+                const std::wstring& password)
 {
     const auto demands = state.drawingDemands.find(file);
     if (demands == state.drawingDemands.end())

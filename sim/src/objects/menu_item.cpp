@@ -13,7 +13,10 @@ public:
     {
     }
 
-    std::string journalName() const override { return "HostPopupMenuItem " + nameOf(core(), m_menu, *m_item); }
+    std::string journalName() const override
+    {
+        return "HostPopupMenuItem " + nameOf(core(), m_menu, *m_item);
+    }
     std::wstring goneReason() const override { return detail::goneReason(core(), m_menu, *m_item); }
 
     HRESULT STDMETHODCALLTYPE get_Label(BSTR* label) override

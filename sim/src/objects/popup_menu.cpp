@@ -5,8 +5,8 @@
 namespace sim::detail {
 namespace {
 
-class PopupMenuObject final
-    : public HostCollection<HostPopupMenu, HostPopupMenuItem, PopupMenuItem, ItemLabel, decltype(PopupMenu::items)> {
+class PopupMenuObject final : public HostCollection<HostPopupMenu, HostPopupMenuItem, PopupMenuItem,
+                                                    ItemLabel, decltype(PopupMenu::items)> {
 public:
     PopupMenuObject(const CorePtr& core, MenuPlace place)
         : HostCollection(core, {members::HostPopupMenu::get_Count, members::HostPopupMenu::Item,

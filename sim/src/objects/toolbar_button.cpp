@@ -12,7 +12,10 @@ public:
     {
     }
 
-    std::string journalName() const override { return "HostToolbarItem " + nameOf(core(), m_toolbar, *m_button); }
+    std::string journalName() const override
+    {
+        return "HostToolbarItem " + nameOf(core(), m_toolbar, *m_button);
+    }
     std::wstring goneReason() const override { return detail::goneReason(core(), m_toolbar, *m_button); }
 
     HRESULT STDMETHODCALLTYPE get_Name(BSTR* name) override

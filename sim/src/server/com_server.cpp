@@ -54,7 +54,8 @@ struct ServedClass {
 
 const ServedClass kClasses[] = {
     {&__uuidof(SimulatedHost), L"Zorb.SimulatedHost", L"Simulated Zorb host", createHost},
-    {&__uuidof(SimulatedHostControl), L"Zorb.SimulatedHostControl", L"Simulated Zorb host control", createControl},
+    {&__uuidof(SimulatedHostControl), L"Zorb.SimulatedHostControl", L"Simulated Zorb host control",
+     createControl},
 };
 
 // Each class's factory lives as long as the DLL; its references only keep the server loaded.
@@ -101,12 +102,12 @@ std::wstring guidText(const GUID& guid)
 bool setValue(const std::wstring& key, const wchar_t* name, const std::wstring& value)
 {
     HKEY opened = nullptr;
-    if (RegCreateKeyExW(HKEY_CLASSES_ROOT, key.c_str(), 0, nullptr, 0, KEY_WRITE, nullptr, &opened, nullptr) !=
-        ERROR_SUCCESS)
+    if (RegCreateKeyExW(HKEY_CLASSES_ROOT, key.c_str(), 0, nullptr, 0, KEY_WRITE, nullptr, &opened,
+                        nullptr) != ERROR_SUCCESS)
         return false;
     const auto bytes = static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t));
-    const bool set = RegSetValueExW(opened, name, 0, REG_SZ, reinterpret_cast<const BYTE*>(value.c_str()), bytes) ==
-                     ERROR_SUCCESS;
+    const bool set = RegSetValueExW(opened, name, 0, REG_SZ, reinterpret_cast<const BYTE*>(value.c_str()),
+                                    bytes) == ERROR_SUCCESS;
     RegCloseKey(opened);
     return set;
 }
@@ -131,7 +132,8 @@ void unregisterClass(const ServedClass& served)
 
 }  // namespace
 
-extern "C" __declspec(dllexport) HRESULT STDAPICALLTYPE DllGetClassObject(REFCLSID id, REFIID iid, void** object)
+extern "C" __declspec(dllexport) HRESULT STDAPICALLTYPE
+    DllGetClassObject(REFCLSID id, REFIID iid, void** object)
 {
     static ClassFactory factories[] = {ClassFactory(kClasses[0]), ClassFactory(kClasses[1])};
     if (object == nullptr)
@@ -181,8 +183,8 @@ extern "C" __declspec(dllexport) HRESULT STDAPICALLTYPE DllUnregisterServer()
         if (FAILED(LoadTypeLibEx(servedLibraryPath(served).c_str(), REGKIND_NONE, &library)) ||
             FAILED(library->GetLibAttr(&attributes)))
             continue;
-        UnRegisterTypeLib(attributes->guid, attributes->wMajorVerNum, attributes->wMinorVerNum, attributes->lcid,
-                          attributes->syskind);
+        UnRegisterTypeLib(attributes->guid, attributes->wMajorVerNum, attributes->wMinorVerNum,
+                          attributes->lcid, attributes->syskind);
         library->ReleaseTLibAttr(attributes);
     }
     return S_OK;

@@ -30,7 +30,8 @@ HRESULT startServedHost(HostState state, const IID& iid, unsigned& generation)
         slot.host = std::make_unique<Host>(std::move(state));
     }
     catch (const std::exception& refused) {
-        setErrorInformation(iid, L"Zorb.SimulatedHost", text::fromUtf8(refused.what()).value_or(L"the host state was refused"));
+        setErrorInformation(iid, L"Zorb.SimulatedHost",
+                            text::fromUtf8(refused.what()).value_or(L"the host state was refused"));
         return E_FAIL;
     }
     generation = ++slot.generation;
