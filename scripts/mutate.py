@@ -24,6 +24,7 @@ tried again on every run, after the defects not yet run, since the tests may hav
   scripts/mutate.py --minutes 10 --lock FILE     a piece: hold FILE (flock) while it runs, and start no
                                                  defect after ten minutes; the next run goes on
   scripts/mutate.py --list                       the defects, without building anything
+  scripts/mutate.py --report                     the report of the results kept, running nothing
   scripts/mutate.py --quick                      stop each defect at its first failing test
 """
 
@@ -248,8 +249,10 @@ def module_files(selected):
 
 
 def kill_record(files, results, programs):
-    """Rows of the kill record: each test that reaches the module, its program, the defects it kills
-    and how many of them no other test kills; killers of the defects that have a record only."""
+    """Rows of the kill record: each test that reaches the module, its program, the defects it kills,
+    how many of them no other test kills, and for a test without a kill of its own that kills any,
+    one other test that kills all it kills (the one killing fewest), if any does; killers of the
+    defects that have a record only."""
     kills = {name: set() for name in programs}
     for _, defects in files:
         for key, _ in defects:
@@ -258,7 +261,11 @@ def kill_record(files, results, programs):
     rows = []
     for name, killed in kills.items():
         unique = [key for key in killed if len(results[key]["killers"]) == 1]
-        rows.append((name, programs.get(name, "?"), len(killed), len(unique)))
+        covering = ""
+        if killed and not unique:
+            others = [other for other, theirs in kills.items() if other != name and killed <= theirs]
+            covering = min(others, key=lambda other: (len(kills[other]), other), default="")
+        rows.append((name, programs.get(name, "?"), len(killed), len(unique), covering))
     return sorted(rows, key=lambda row: (row[3] > 0, row[2], row[0]))
 
 
@@ -302,9 +309,10 @@ def write_report(path, files, results, equivalents, elapsed, complete, programs)
         record = kill_record(files, results, programs)
         lines += ["", "## Kill record", "",
                   "Each test that reaches the module: the defects it kills, and how many of them no other test kills.",
-                  "A test with no kill of its own is listed first.", "",
-                  "| test | program | kills | its own |", "|---|---|---:|---:|"]
-        lines += [f"| {name} | {program} | {killed} | {own} |" for name, program, killed, own in record]
+                  "A test with no kill of its own is listed first, with one other test that kills all it kills.",
+                  "", "| test | program | kills | its own | all its kills also by |", "|---|---|---:|---:|---|"]
+        lines += [f"| {name} | {program} | {killed} | {own} | {covering} |"
+                  for name, program, killed, own, covering in record]
     path.write_text("\n".join(lines) + "\n")
     return counts, sites, stale
 
@@ -319,6 +327,7 @@ def main():
                         help="a file to hold (flock) while building and testing")
     parser.add_argument("--jobs", type=int, default=min(os.cpu_count() or 2, 2))
     parser.add_argument("--list", action="store_true", help="list the defects and stop")
+    parser.add_argument("--report", action="store_true", help="write the report of the results kept, running nothing")
     parser.add_argument("--quick", action="store_true",
                         help="stop each defect at its first failing test, keeping no kill record")
     args = parser.parse_args()
@@ -339,13 +348,15 @@ def main():
     folder.mkdir(parents=True, exist_ok=True)
     results_path = folder / "results.json"
     results = json.loads(results_path.read_text()) if results_path.is_file() else {}
+    equivalents = load_equivalents()
+    if args.report:
+        return report(folder, files, results, equivalents)
     log = open(folder / "last-run.log", "w")
     workspace = Workspace(folder, args.jobs, log)
 
     def save():
         results_path.write_text(json.dumps(results, indent=1, sort_keys=True))
 
-    equivalents = load_equivalents()
     # One hold of the lock for the whole piece: set-up, the unseeded run and the defects until
     # --minutes have passed since it was taken.
     stopped_early = False
@@ -404,6 +415,12 @@ def main():
             if stopped_early:
                 break
 
+    return report(folder, files, results, equivalents)
+
+
+def report(folder, files, results, equivalents):
+    """Writes the report of the results kept; the exit status: 0 when the run is complete and
+    leaves no survivor that is not equivalent and no stale entry."""
     elapsed = sum(results[k]["seconds"] for _, defects in files for k, _ in defects if k in results)
     complete = all(k in results for _, defects in files for k, _ in defects)
     reaching_file = folder / "reaching.json"
