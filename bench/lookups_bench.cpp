@@ -74,6 +74,26 @@ const Lookup kLookups[] = {
              groups->LoadMenuFile(L"C:\\Menus\\FILE1.mnu")->Unload();
          };
      }},
+    // The same beside n groups whose menus all stand on the menu bar: unloading takes the group's
+    // menus off the bar without a pass over it.
+    {"menu_file_load_beside_a_bar_of_groups_menus",
+     [](HostSizes& sizes, int n) {
+         sizes.menuGroups = n;
+         sizes.groupMenusOnMenuBar = true;
+         sizes.menuFiles = 1;
+     },
+     [] {
+         return [groups = application()->GetMenuGroups()] {
+             groups->LoadMenuFile(L"C:\\Menus\\FILE1.mnu")->Unload();
+         };
+     }},
+    {"system_variable", [](HostSizes& sizes, int n) { sizes.systemVariables = n; },
+     [] {
+         return [] {
+             resbuf value{};
+             zbedGetVar(L"DWGCHECK", &value);
+         };
+     }},
     {"search_path_file", [](HostSizes& sizes, int n) { sizes.searchPathFiles = n; },
      [] {
          return [] {
