@@ -106,6 +106,14 @@ TEST_F(MenuBar, WithoutTheApplicationNothingElseIsAsked)
     }
 }
 
+// Without a menu bar no menu is on it: none counted, none found, and nothing raised.
+TEST_F(MenuBar, WithoutAMenuBarNoneIsCountedOrFound)
+{
+    armFault(withheldObject("HostApplication.get_MenuBar"));
+    EXPECT_EQ(ZORBAppUtilities::getNumberOfMenusOnMenuBar(), 0);
+    EXPECT_FALSE(ZORBAppUtilities::isMenuLoadedOnMenuBar(MxtString(L"")));
+}
+
 // Adding inserts unless the flag is exactly all bits set; removing removes when any bit is set.
 // A flag of 1 makes both act, and the host refuses both: the failure reaches the caller.
 TEST_F(MenuBar, TheTwoFlagTestsDifferAndTheHostsRefusalReachesTheCaller)

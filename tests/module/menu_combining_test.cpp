@@ -84,6 +84,7 @@ TEST_F(MenuCombining, SeparatorsGoToOneIndexAndNestedSubmenusAreCopied)
     ASSERT_NE(copy, nullptr);
     EXPECT_THAT(entriesOf(*copy), ElementsAre(L"---", L"---", L"A", L"B", L"Deeper>"));
     EXPECT_FALSE(copy->items[2]->enabled);
+    EXPECT_EQ(copy->items[2]->macro, L"_A");
     EXPECT_THAT(entriesOf(*copy->items[4]->subMenu), ElementsAre(L"C"));
 }
 
@@ -145,4 +146,15 @@ TEST_F(MenuCombining, AWithheldItemOrSubmenuEndsTheCopyAndTheSourceStaysOnTheBar
         EXPECT_THAT(entriesOf(*combined()->items[0]->subMenu), ElementsAreArray(row.copied));
         EXPECT_EQ(std::count(state().menuBar.begin(), state().menuBar.end(), mx->menus[0]), 1);
     }
+}
+
+// A submenu the host does not give back copies nothing, yet the source still leaves the menu bar.
+TEST_F(MenuCombining, ACopyTheHostDoesNotGiveBackReadsNoItemYetTheSourceLeavesTheBar)
+{
+    state().menuBar = {mx->menus[0]};
+    armFault(withheldObject("HostPopupMenu.AddSubMenu"));
+    ZORBAppUtilities::combineMenusOnMenuBar(MxtString(L"Combined"), mxtStrings({L"MX"}), 0);
+    EXPECT_EQ(std::count(state().menuBar.begin(), state().menuBar.end(), mx->menus[0]), 0);
+    const std::vector<std::string> calls = hostCalls();
+    EXPECT_EQ(std::count(calls.begin(), calls.end(), "HostPopupMenuItem.get_Label"), 0);
 }
