@@ -116,9 +116,11 @@ class Workspace:
         env_launcher = ["-DCMAKE_CXX_COMPILER_LAUNCHER=ccache", "-DCMAKE_C_COMPILER_LAUNCHER=ccache"] \
             if shutil.which("ccache") else []
         # The test programs do not depend on the module's file, so a seeded module relinks only itself.
-        # Unoptimised and without debug information: each defect costs a compile, and the tests are quick.
+        # Lightly optimised, without debug information, assertions kept: a seeded file compiles
+        # about as fast as unoptimised, and the fault sweeps, most of a defect's test time, run
+        # four times faster.
         status, _ = run(["cmake", "-S", str(self.source), "-B", str(self.build), "-DCMAKE_BUILD_TYPE=Debug",
-                         "-DCMAKE_CXX_FLAGS_DEBUG=-O0", "-DCMAKE_C_FLAGS_DEBUG=-O0",
+                         "-DCMAKE_CXX_FLAGS_DEBUG=-O1", "-DCMAKE_C_FLAGS_DEBUG=-O1",
                          "-DCMAKE_CXX_COMPILER=g++", "-DCMAKE_C_COMPILER=gcc", "-DMX_BUILD_TESTS=ON",
                          "-DMX_BUILD_BENCHMARKS=OFF", "-DMX_BROWSER_TESTS=OFF", "-DCMAKE_LINK_DEPENDS_NO_SHARED=ON"]
                         + env_launcher, log=self.log)
