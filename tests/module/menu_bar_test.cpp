@@ -99,7 +99,8 @@ TEST_F(MenuBar, WithoutTheApplicationNothingElseIsAsked)
     armFault(faultOfKind(sim::FaultKind::noDispatch));
     for (const auto& operation : std::vector<std::function<void()>>{
              [&] { ZORBAppUtilities::addMenuToMenuBar(MxtString(L"MX"), items({{0, L"&A", L"_a"}}), 0); },
-             [] { ZORBAppUtilities::removeMenuFromMenuBar(MxtString(L"MX")); }}) {
+             [] { ZORBAppUtilities::removeMenuFromMenuBar(MxtString(L"MX")); },
+             [] { ZORBAppUtilities::combineMenusOnMenuBar(MxtString(L"MX"), mxtStrings({L"MX"}), 0); }}) {
         clearHostCalls();
         operation();
         EXPECT_THAT(hostCalls(), ElementsAre("sdk.zbedGetZorbWinApp", "CWinApp.GetIDispatch"));

@@ -5,6 +5,8 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+
 using namespace module_testing;
 using ::testing::ElementsAre;
 
@@ -104,6 +106,9 @@ TEST_F(MenuGroups, UnloadingFindsGroupsWithoutRegardToCaseAndAPathNamedTwiceEnds
     // a path whose only backslash comes first names the group after it.
     EXPECT_TRUE(ZORBAppUtilities::unloadMenus(mxtStrings({L"\\MX", L"NOTLOADED", L"C:\\Menus\\mxtools"})));
     EXPECT_THAT(loadedNames(state()), ElementsAre(L"ZORB"));
+    // Each path's search ends at its group: two names read for the first path, three for the others.
+    const std::vector<std::string> calls = hostCalls();
+    EXPECT_EQ(std::count(calls.begin(), calls.end(), "HostMenuGroup.get_Name"), 2 + 3 + 3);
     EXPECT_TRUE(ZORBAppUtilities::unloadMenus(MxtArray<MxtString>()));
 
     // The groups are copied before unloading: the second path reaches the unloaded group again,

@@ -84,6 +84,18 @@ TEST_F(SnapMenu, RemovingChecksTheBlockByLabelAndDeletesFromOneBeforeIt)
     EXPECT_THAT(deletedAt, ElementsAre("8", "8", "8"));
 }
 
+// An item the host leaves empty is passed over, in the check of the block and in the deletion alike.
+TEST_F(SnapMenu, AnItemTheHostWithholdsIsPassedOverWhenRemoving)
+{
+    ZORBAppUtilities::addMenuItemsToSnapMenu(kLabels, kMacros, 2);
+    armFault(withheldObject("HostPopupMenu.Item", 1));  // the block's first label goes unchecked
+    armFault(withheldObject("HostPopupMenu.Item", 4));  // the first deletion finds nothing to delete
+    EXPECT_TRUE(ZORBAppUtilities::removeMenuItemsFromSnapMenu(kLabels, 2));
+    const std::vector<std::wstring> after = entries();
+    EXPECT_THAT(std::vector<std::wstring>(after.begin() + 7, after.end()),
+                ElementsAre(L"---", L"MX &Plate Corner", L"MX &Hole", L"&None", L"&Osnap Settings..."));
+}
+
 // Many entries at once must not cost a regrowth of the list of new ones every few entries.
 TEST_F(SnapMenu, TheNewEntriesAreListedInOneAllocationWhateverTheirNumber)
 {
