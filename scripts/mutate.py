@@ -15,8 +15,9 @@ does not also kill. --quick runs the old way instead, in two stages that stop at
 (the module's own test program with --gtest_fail_fast, then the whole suite with
 --stop-on-failure), keeping no record. The browser test and the benchmarks are not built here.
 
-Results are kept per defect in the build folder, keyed by the file's content, so a run stopped by
---minutes goes on where it stopped, and a changed file has its defects seeded again. Survivors are
+Results are kept per defect in scripts/mutate_record.json, in the repository, keyed by the file's
+content, so a run stopped by --minutes goes on where it stopped, on this machine or another, and a
+changed file has its defects seeded again. Survivors are
 tried again on every run, after the defects not yet run, since the tests may have changed.
 
   scripts/mutate.py                              every defect of every file
@@ -46,6 +47,7 @@ from mutation_sites import defects_of
 ROOT = Path(__file__).resolve().parent.parent
 MODULE = "QRNExternalUtilities"
 EQUIVALENT_FILE = ROOT / "scripts" / "mutate_equivalent.json"
+RECORD_FILE = ROOT / "scripts" / "mutate_record.json"
 
 # Tests that reach the module but are not run for each defect, each with the reason.
 LEFT_OUT = {
@@ -223,6 +225,47 @@ def defect_key(relative, digest, defect):
     return f"{relative}:{digest}:{defect['line']}:{defect['column']}:{defect['kind']}:{defect['change']}"
 
 
+def load_record(path):
+    """The results kept so far, by defect, and the reaching tests' programs, by test. The file lists
+    each test with its program (null for one that no longer reaches the module), then the defects."""
+    if not path.is_file():
+        return {}, {}
+    record = json.loads(path.read_text())
+    tests = [name for name, _ in record["tests"]]
+
+    def names(runs):
+        return None if runs is None else [tests[i] for first, _, last in (run.partition("-") for run in runs.split(",")
+                                                                     if run)
+                                          for i in range(int(first), int(last or first) + 1)]
+
+    results = {key: dict(result, killers=names(result["killers"])) for key, result in record["defects"].items()}
+    return results, {name: program for name, program in record["tests"] if program is not None}
+
+
+def save_record(path, results, programs):
+    """Keeps the results in the repository, so that a run on another machine goes on from them:
+    each test's name is written once, and each defect on a line of its own, its killers as runs of
+    numbers ("0-3,7"): the tests of one family stand together and mostly kill together."""
+    tests = sorted(set(programs) | {name for result in results.values() for name in result["killers"] or []})
+    number = {name: i for i, name in enumerate(tests)}
+
+    def runs(killers):
+        if killers is None:
+            return None
+        spans = []
+        for i in sorted(number[name] for name in killers):
+            if spans and spans[-1][1] == i - 1:
+                spans[-1][1] = i
+            else:
+                spans.append([i, i])
+        return ",".join(str(a) if a == b else f"{a}-{b}" for a, b in spans)
+
+    rows = [json.dumps(key) + ": " + json.dumps(dict(result, killers=runs(result["killers"])), sort_keys=True)
+            for key, result in sorted(results.items())]
+    listed = ",\n".join(json.dumps([name, programs.get(name)]) for name in tests)
+    path.write_text("{\"tests\": [\n" + listed + "\n],\n\"defects\": {\n" + ",\n".join(rows) + "\n}}\n")
+
+
 def load_equivalents():
     if not EQUIVALENT_FILE.is_file():
         return []
@@ -329,6 +372,8 @@ def write_report(path, files, results, equivalents, elapsed, complete, programs)
 def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--build", default=str(ROOT / "build" / "mutate"), help="the build folder of the runs")
+    parser.add_argument("--record", default=str(RECORD_FILE),
+                        help="the results kept, by defect, with the tests that killed each")
     parser.add_argument("--files", nargs="*", default=[], help="files below QRNExternalUtilities/ (default: all)")
     parser.add_argument("--minutes", type=float, default=0,
                         help="start no defect after this many minutes from taking the lock (or the start)")
@@ -355,16 +400,16 @@ def main():
 
     folder = Path(args.build)
     folder.mkdir(parents=True, exist_ok=True)
-    results_path = folder / "results.json"
-    results = json.loads(results_path.read_text()) if results_path.is_file() else {}
+    record_path = Path(args.record)
+    results, programs = load_record(record_path)
     equivalents = load_equivalents()
     if args.report:
-        return report(folder, files, results, equivalents)
+        return report(folder, files, results, equivalents, programs)
     log = open(folder / "last-run.log", "w")
     workspace = Workspace(folder, args.jobs, log)
 
     def save():
-        results_path.write_text(json.dumps(results, indent=1, sort_keys=True))
+        save_record(record_path, results, programs)
 
     # One hold of the lock for the whole piece: set-up, the unseeded run and the defects until
     # --minutes have passed since it was taken.
@@ -388,7 +433,6 @@ def main():
             for name, reason in LEFT_OUT.items():
                 print(f"not run for each defect: {name} ({reason})", flush=True)
             programs = {name: program for name, program in workspace.test_programs().items() if name in reaching}
-            (folder / "reaching.json").write_text(json.dumps(programs, indent=1, sort_keys=True))
             print(f"{len(reaching)} tests reach the module", flush=True)
         # Defects not yet run come first, so that a piece spends its time on new ground; survivors
         # are tried again after them (the tests may have changed since), unless equivalent.
@@ -427,16 +471,14 @@ def main():
             if stopped_early:
                 break
 
-    return report(folder, files, results, equivalents)
+    return report(folder, files, results, equivalents, programs)
 
 
-def report(folder, files, results, equivalents):
+def report(folder, files, results, equivalents, programs):
     """Writes the report of the results kept; the exit status: 0 when the run is complete and
     leaves no survivor that is not equivalent and no stale entry."""
     elapsed = sum(results[k]["seconds"] for _, defects in files for k, _ in defects if k in results)
     complete = all(k in results for _, defects in files for k, _ in defects)
-    reaching_file = folder / "reaching.json"
-    programs = json.loads(reaching_file.read_text()) if reaching_file.is_file() else {}
     counts, sites, stale = write_report(folder / "report.md", files, results, equivalents, elapsed, complete, programs)
     print(f"{sites} defects: " + ", ".join(f"{counts[o]} {o}" for o in counts) + f"; report: {folder / 'report.md'}")
     if stale:
