@@ -9,16 +9,16 @@ build refused it. Survivors listed in scripts/mutate_equivalent.json are equival
 observe them. The report lists every other survivor by file, line and change.
 
 Each defect runs every test that reaches the module (found once per run: the tests that fail when
-the module aborts as it loads), but the slow ones named in LEFT_OUT, to the end, so that the results keep which tests kill it: the kill
-record. The report counts each test's kills and names the tests that kill no defect another test
-does not also kill. --quick runs the old way instead, in two stages that stop at the first failure
+the module aborts as it loads), but the slow ones named in LEFT_OUT, to the end, so that the
+results keep which tests kill it: the kill record. The report counts each test's kills and names
+the tests that kill no defect another test does not also kill. --quick runs the old way instead, in two stages that stop at the first failure
 (the module's own test program with --gtest_fail_fast, then the whole suite with
 --stop-on-failure), keeping no record. The browser test and the benchmarks are not built here.
 
 Results are kept per defect in scripts/mutate_record.json, in the repository, keyed by the file's
 content, so a run stopped by --minutes goes on where it stopped, on this machine or another, and a
-changed file has its defects seeded again. Survivors are
-tried again on every run, after the defects not yet run, since the tests may have changed.
+changed file has its defects seeded again. Survivors are tried again on every run, after the
+defects not yet run, since the tests may have changed.
 
   scripts/mutate.py                              every defect of every file
   scripts/mutate.py --files menus/snap_menu.cpp  only these files (paths below QRNExternalUtilities/)
@@ -236,9 +236,13 @@ def load_record(path):
     tests = [name for name, _ in record["tests"]]
 
     def names(runs):
-        return None if runs is None else [tests[i] for first, _, last in (run.partition("-") for run in runs.split(",")
-                                                                     if run)
-                                          for i in range(int(first), int(last or first) + 1)]
+        if runs is None:
+            return None
+        numbers = []
+        for span in filter(None, runs.split(",")):
+            first, _, last = span.partition("-")
+            numbers.extend(range(int(first), int(last or first) + 1))
+        return [tests[i] for i in numbers]
 
     results = {key: dict(result, killers=names(result["killers"])) for key, result in record["defects"].items()}
     return results, {name: program for name, program in record["tests"] if program is not None}
