@@ -11,9 +11,9 @@ observe them. The report lists every other survivor by file, line and change.
 Each defect runs every test that reaches the module (found once per run: the tests that fail when
 the module aborts as it loads), but the slow ones named in LEFT_OUT, to the end, so that the
 results keep which tests kill it: the kill record. The report counts each test's kills and names
-the tests that kill no defect another test does not also kill. --quick runs the old way instead, in two stages that stop at the first failure
-(the module's own test program with --gtest_fail_fast, then the whole suite with
---stop-on-failure), keeping no record. The browser test and the benchmarks are not built here.
+the tests that kill no defect another test does not also kill. --quick runs the old way instead,
+in two stages that stop at the first failure (the module's own test program with --gtest_fail_fast,
+then the whole suite with --stop-on-failure), keeping no record. The browser test and the benchmarks are not built here.
 
 Results are kept per defect in scripts/mutate_record.json, in the repository, keyed by the file's
 content, so a run stopped by --minutes goes on where it stopped, on this machine or another, and a
