@@ -91,6 +91,15 @@ def sim_series_table(series, fits, prefix):
     return rows
 
 
+# Instructions of one state comparison at n = 1,000 and 10,000, counted by callgrind on 2026-11-27:
+#   valgrind --tool=callgrind --toggle-collect='*HostState::operator==*' \
+#     build/linux/bin/sim_calls_bench --benchmark_filter='state/compare/<row>/<n>$' --benchmark_min_time=0
+COMPARISON_INSTRUCTIONS = {
+    "compare/toolbars": (261_381, 2_439_399),
+    "compare/groups_with_bar_menus_and_toolbars": (1_438_013, 15_123_588),
+}
+
+
 def state_growth(series, fits):
     """What the state rows fitted worse than N lg N grew by over their last tenfold step of n."""
     lines = []
@@ -104,11 +113,12 @@ def state_growth(series, fits):
                      "quadratic walk.")
     if not lines:
         return []
+    counted = [f"`{name}` runs {work[0] / 1e6:.2f} million instructions at n = 1,000 and {work[1] / 1e6:.1f} million "
+               f"at 10,000 ({work[1] / work[0]:.1f} times)" for name, work in COMPARISON_INSTRUCTIONS.items()]
     return ["The comparison makes one pass over the nodes of both states. Where its rows are fitted",
             "worse than N lg N:", "", *lines, "",
             "The work is linear: counted by callgrind (`--toggle-collect='*HostState::operator==*'`, one",
-            "comparison each), `compare/groups_with_bar_menus_and_toolbars` runs 1.44 million",
-            "instructions at n = 1,000 and 15.1 million at 10,000 (10.5 times). The time grows faster as",
+            "comparison each, `--benchmark_min_time=0`), " + "; ".join(counted) + ". The time grows faster as",
             "the two states' nodes, each of whose texts is an allocation of its own, outgrow the",
             "processor's caches.",
             ""]
