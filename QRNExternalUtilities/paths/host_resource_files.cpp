@@ -45,22 +45,20 @@ private:
     ZbString m_text;
 };
 
-// Looks `fileName` up on the host's search path. kZbNormal with `found` holding the path, or the
-// host's code for a file that is not there, kZbError when the host found it but gave no path, or
-// kZbTextTooLong when the path does not fit the host's path limit.
-int findOnHostSearchPath(const MxtString& fileName, MxtString& found)
+// Looks `fileName` up on the host's search path; true with `found` holding the path, which is
+// written only then. A file the host does not find, a search that gives no path and a path that
+// does not fit the host's path limit are all not found: the host's codes for them never leave the
+// operation.
+bool findOnHostSearchPath(const MxtString& fileName, MxtString& found)
 {
     HostText hostPath;
-    const int status = zbedFindFile(fileName.getStringW(), hostPath.text());
-    if (status != kZbNormal)
-        return status;
+    if (zbedFindFile(fileName.getStringW(), hostPath.text()) != kZbNormal)
+        return false;
     const wchar_t* text = hostPath.text().buffer;
-    if (text == nullptr)
-        return kZbError;
-    if (std::wcslen(text) >= kMaxPathWithTerminator)
-        return kZbTextTooLong;
+    if (text == nullptr || std::wcslen(text) >= kMaxPathWithTerminator)
+        return false;
     found = text;
-    return kZbNormal;
+    return true;
 }
 
 }  // namespace
@@ -80,9 +78,5 @@ bool ZORBAppUtilities::getHatchFilePath(const MxtString& valueName, MxtString& p
     MxtString fileName;
     if (!readHostRegistryValue(kGeneralProfileKey, valueName, fileName))
         return false;
-    MxtString found;
-    if (findOnHostSearchPath(fileName, found) != kZbNormal)
-        return false;
-    path = found;
-    return true;
+    return findOnHostSearchPath(fileName, path);
 }
