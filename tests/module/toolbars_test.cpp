@@ -9,6 +9,10 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <cwctype>
+#include <tuple>
+
 using namespace module_testing;
 using ::testing::ElementsAre;
 
@@ -236,14 +240,14 @@ TEST_F(Toolbars, ValuesBeyondThirtyTwoBitsAreRefusedByTheHostNotNarrowed)
 }
 
 // Called again after the old button's removal failed, a replacement finds its new button in place
-// and removes only the old one, whether or not the new button keeps the old one's tag. A tag the
-// host refuses takes the new button out again.
+// (its tag and name in any letter case) and removes only the old one, whether or not the new button
+// keeps the old one's tag. A tag the host refuses takes the new button out again.
 TEST_F(Toolbars, AReplacementIsSafeToCallAgainAndLeavesNoUntaggedButton)
 {
     const auto original = toolbar(0).buttons;
-    const auto replacePlate = [](const wchar_t* newTag) {
+    const auto replacePlate = [](const std::wstring& newTag, const wchar_t* newName) {
         ZORBAppUtilities::replaceToolbarButton(MxtString(L"MX"), MxtString(L"TB_MX_MAIN"), MxtString(L"ID_MX_PLATE"),
-                                               MxtString(L"Plate+"), MxtString(newTag), MxtString(L""),
+                                               MxtString(newName), MxtString(newTag.c_str()), MxtString(L""),
                                                MxtString(L"_plate2"), MxtString(L"P16"), MxtString(L"P32"),
                                                MxtString(L""));
     };
@@ -252,11 +256,13 @@ TEST_F(Toolbars, AReplacementIsSafeToCallAgainAndLeavesNoUntaggedButton)
         toolbar(0).buttons = original;
         host().clearFaults();
         armFault(failingCall("HostToolbarItem.Delete", 1));
-        EXPECT_EQ(failureOf([&] { replacePlate(newTag.c_str()); }).Error(), kInjectedStatus);
+        EXPECT_EQ(failureOf([&] { replacePlate(newTag, L"Plate+"); }).Error(), kInjectedStatus);
         EXPECT_EQ(buttonTags(0), (std::vector<std::wstring>{L"ID_MX_BEAM", L"ID_MX_COLUMN", newTag, L"ID_MX_PLATE",
                                                            L"ID_MX_CONNECTIONS", L"ID_MX_SETTINGS"}));
         host().clearFaults();
-        replacePlate(newTag.c_str());
+        std::wstring lowerCaseTag = newTag;
+        std::transform(lowerCaseTag.begin(), lowerCaseTag.end(), lowerCaseTag.begin(), ::towlower);
+        replacePlate(lowerCaseTag, L"PLATE+");
         EXPECT_EQ(buttonTags(0), (std::vector<std::wstring>{L"ID_MX_BEAM", L"ID_MX_COLUMN", newTag,
                                                            L"ID_MX_CONNECTIONS", L"ID_MX_SETTINGS"}));
         EXPECT_EQ(toolbar(0).buttons[2]->name, L"Plate+");
@@ -265,8 +271,33 @@ TEST_F(Toolbars, AReplacementIsSafeToCallAgainAndLeavesNoUntaggedButton)
     toolbar(0).buttons = original;
     host().clearFaults();
     armFault(failingCall("HostToolbarItem.put_TagString"));
-    EXPECT_EQ(failureOf([&] { replacePlate(L"ID_MX_PLATE2"); }).Error(), kInjectedStatus);
+    EXPECT_EQ(failureOf([&] { replacePlate(L"ID_MX_PLATE2", L"Plate+"); }).Error(), kInjectedStatus);
     EXPECT_EQ(toolbar(0).buttons, original);
+}
+
+// A group, toolbar or button that is not there, or a new button the host does not give, is no
+// failure: the flyout and the replacement then change nothing and raise nothing.
+TEST_F(Toolbars, WhatIsMissingLeavesFlyoutsAndButtonsAsTheyWere)
+{
+    const sim::HostState before = sim::clone(state());
+    const auto buttons = toolbar(0).buttons;
+    const auto replace = [](const wchar_t* group, const wchar_t* tag, const wchar_t* button) {
+        ZORBAppUtilities::replaceToolbarButton(MxtString(group), MxtString(tag), MxtString(button), MxtString(L"New"),
+                                               MxtString(L"ID_NEW"), MxtString(L""), MxtString(L"_new"),
+                                               MxtString(L"N16"), MxtString(L"N32"), MxtString(L"TB_MX_VIEWS"));
+    };
+    const std::tuple<const wchar_t*, const wchar_t*, const wchar_t*> missing[] = {
+        {L"NOPE", L"TB_MX_MAIN", L"ID_MX_PLATE"}, {L"MX", L"TB_NOPE", L"ID_MX_PLATE"}, {L"MX", L"TB_MX_MAIN", L"ID_NOPE"}};
+    for (const auto& [group, tag, button] : missing) {
+        ZORBAppUtilities::attachToolbarToFlyout(MxtString(group), MxtString(tag), MxtString(button));
+        replace(group, tag, button);
+    }
+    EXPECT_TRUE(state() == before);
+
+    armFault(withheldObject("HostToolbar.AddButton"));
+    replace(L"MX", L"TB_MX_MAIN", L"ID_MX_PLATE");
+    EXPECT_EQ(toolbar(0).buttons, buttons);
+    EXPECT_EQ(hostCalls().back(), "HostToolbar.AddButton");
 }
 
 #if AUTOMATION_HAS_TEST_HOOKS
