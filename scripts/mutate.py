@@ -414,8 +414,14 @@ def main():
     log = open(folder / "last-run.log", "w")
     workspace = Workspace(folder, args.jobs, log)
 
+    # A file that changed leaves the results of its earlier text behind: they describe no defect now.
+    current = {key for _, defects in files for key, _ in defects}
+    considered = {relative for relative, _ in files}
+
     def save():
-        save_record(record_path, results, programs)
+        kept = {key: result for key, result in results.items()
+                if key in current or key.partition(":")[0] not in considered}
+        save_record(record_path, kept, programs)
 
     # One hold of the lock for the whole piece: set-up, the unseeded run and the defects until
     # --minutes have passed since it was taken.
