@@ -50,7 +50,8 @@ struct SweptOperation {
     // Host methods whose failure, or whose withheld object, the operation passes over (a position
     // the host refuses or leaves empty is skipped): it then answers and acts as the host stands
     // without that item, possibly on another one, which its own tests judge; the sweep checks only
-    // that nothing escaped or was left behind.
+    // that nothing was left behind and that no failure escaped but one a host call gave (the host's
+    // refusal of that other item), never one of the operation's own making such as E_POINTER.
     std::vector<std::string> skippedWhenFailing;
     std::vector<std::string> skippedWhenWithheld;
 

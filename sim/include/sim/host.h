@@ -39,6 +39,7 @@ public:
     void syncEnvironment();
 
     Journal& journal();
+    const Journal& journal() const;
 
     // Arms a fault from now on (state().faults holds the armed ones); clearFaults disarms all.
     void armFault(Fault fault);

@@ -100,6 +100,11 @@ Journal& Host::journal()
     return m_impl->installation.core().journal;
 }
 
+const Journal& Host::journal() const
+{
+    return m_impl->installation.core().journal;
+}
+
 void Host::armFault(Fault fault)
 {
     checkFault(fault);
