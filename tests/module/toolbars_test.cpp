@@ -9,9 +9,9 @@
 
 #include <gmock/gmock.h>
 
-#include <algorithm>
-#include <cwctype>
+#include <string>
 #include <tuple>
+#include <utility>
 
 using namespace module_testing;
 using ::testing::ElementsAre;
@@ -251,7 +251,10 @@ TEST_F(Toolbars, AReplacementIsSafeToCallAgainAndLeavesNoUntaggedButton)
                                                MxtString(L"_plate2"), MxtString(L"P16"), MxtString(L"P32"),
                                                MxtString(L""));
     };
-    for (const std::wstring newTag : {L"ID_MX_PLATE2", L"ID_MX_PLATE"}) {
+    // Each new tag, and the same in other letter case for the call again.
+    const std::pair<std::wstring, std::wstring> newTags[] = {{L"ID_MX_PLATE2", L"id_mx_plate2"},
+                                                             {L"ID_MX_PLATE", L"Id_Mx_Plate"}};
+    for (const auto& [newTag, newTagInOtherCase] : newTags) {
         SCOPED_TRACE(std::string(newTag.begin(), newTag.end()));
         toolbar(0).buttons = original;
         host().clearFaults();
@@ -260,9 +263,7 @@ TEST_F(Toolbars, AReplacementIsSafeToCallAgainAndLeavesNoUntaggedButton)
         EXPECT_EQ(buttonTags(0), (std::vector<std::wstring>{L"ID_MX_BEAM", L"ID_MX_COLUMN", newTag, L"ID_MX_PLATE",
                                                            L"ID_MX_CONNECTIONS", L"ID_MX_SETTINGS"}));
         host().clearFaults();
-        std::wstring lowerCaseTag = newTag;
-        std::transform(lowerCaseTag.begin(), lowerCaseTag.end(), lowerCaseTag.begin(), ::towlower);
-        replacePlate(lowerCaseTag, L"PLATE+");
+        replacePlate(newTagInOtherCase, L"PLATE+");
         EXPECT_EQ(buttonTags(0), (std::vector<std::wstring>{L"ID_MX_BEAM", L"ID_MX_COLUMN", newTag,
                                                            L"ID_MX_CONNECTIONS", L"ID_MX_SETTINGS"}));
         EXPECT_EQ(toolbar(0).buttons[2]->name, L"Plate+");
