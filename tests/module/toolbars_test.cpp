@@ -254,7 +254,8 @@ TEST_F(Toolbars, AReplacementIsSafeToCallAgainAndLeavesNoUntaggedButton)
     // Each new tag, and the same in other letter case for the call again.
     const std::pair<std::wstring, std::wstring> newTags[] = {{L"ID_MX_PLATE2", L"id_mx_plate2"},
                                                              {L"ID_MX_PLATE", L"Id_Mx_Plate"}};
-    for (const auto& [newTag, newTagInOtherCase] : newTags) {
+    for (const auto& tags : newTags) {
+        const std::wstring& newTag = tags.first;
         SCOPED_TRACE(std::string(newTag.begin(), newTag.end()));
         toolbar(0).buttons = original;
         host().clearFaults();
@@ -263,7 +264,7 @@ TEST_F(Toolbars, AReplacementIsSafeToCallAgainAndLeavesNoUntaggedButton)
         EXPECT_EQ(buttonTags(0), (std::vector<std::wstring>{L"ID_MX_BEAM", L"ID_MX_COLUMN", newTag, L"ID_MX_PLATE",
                                                            L"ID_MX_CONNECTIONS", L"ID_MX_SETTINGS"}));
         host().clearFaults();
-        replacePlate(newTagInOtherCase, L"PLATE+");
+        replacePlate(tags.second, L"PLATE+");
         EXPECT_EQ(buttonTags(0), (std::vector<std::wstring>{L"ID_MX_BEAM", L"ID_MX_COLUMN", newTag,
                                                            L"ID_MX_CONNECTIONS", L"ID_MX_SETTINGS"}));
         EXPECT_EQ(toolbar(0).buttons[2]->name, L"Plate+");
