@@ -19,7 +19,7 @@ demo: deps
 	./build/linux/bin/zorbsim demo
 
 # Each build's tests run even when one before it failed; the last lines name what failed (the build,
-# or which tests), so that the end of a long log says where to look.
+# or which tests) or say that all passed, so that the end of a long log says where to look.
 test: deps
 	@failed=""; \
 	for build in linux windows linux-sanitize; do \
@@ -31,7 +31,7 @@ test: deps
 	  if [ -f $$log ]; then echo "== $$build: failed tests: $$(cut -d: -f2 $$log | tr '\n' ' ')=="; \
 	  else echo "== $$build: the build failed, no test ran =="; fi; \
 	done; \
-	[ -z "$$failed" ]
+	[ -z "$$failed" ] && echo "== linux, windows and linux-sanitize: every test passed =="
 
 deps:
 	@./scripts/ensure-deps.sh
