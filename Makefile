@@ -18,18 +18,17 @@ demo: deps
 	cmake --build --preset linux --target zorbsim -j $(JOBS)
 	./build/linux/bin/zorbsim demo
 
-# Each build's tests run even when one before it failed; the last lines name what failed (the build,
-# or which tests) or say that all passed, so that the end of a long log says where to look.
+# Each build's tests run even when one before it failed; the last lines name what failed (which
+# tests, or the build before them) or say that all passed, so that the end of a long log says where to look.
 test: deps
 	@failed=""; \
-	for build in linux windows linux-sanitize; do \
-	  rm -f build/$$build/Testing/Temporary/LastTestsFailed.log; \
-	  $(MAKE) --no-print-directory test-$${build#linux-} || failed="$$failed $$build"; \
-	done; \
+	suite() { rm -f build/$$2/Testing/Temporary/LastTestsFailed.log; \
+	  $(MAKE) --no-print-directory $$1 || failed="$$failed $$2"; }; \
+	suite test-linux linux; suite test-windows windows; suite test-sanitize linux-sanitize; \
 	for build in $$failed; do \
 	  log=build/$$build/Testing/Temporary/LastTestsFailed.log; \
 	  if [ -f $$log ]; then echo "== $$build: failed tests: $$(cut -d: -f2 $$log | tr '\n' ' ')=="; \
-	  else echo "== $$build: the build failed, no test ran =="; fi; \
+	  else echo "== $$build: failed before any test did (its build, or CTest itself) =="; fi; \
 	done; \
 	[ -z "$$failed" ] && echo "== linux, windows and linux-sanitize: every test passed =="
 
